@@ -783,9 +783,16 @@ struct client_Configuration {
  * @return the handle, to be released with Free_client_Configuration(); null when user or
  *         password is null or memory runs out
  */
+#if defined(__cplusplus) && defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow" /* a struct and a function of one name */
+#endif
 CIM_API struct client_Configuration *client_Configuration(const char *host, uint32_t port,
                                                           const char *nameSpace, uint32_t timeout,
                                                           const char *user, const char *password);
+#if defined(__cplusplus) && defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
 
 /** Releases a handle and its texts. @return 0, or -1 for a null handle */
 CIM_API int Free_client_Configuration(struct client_Configuration *handle);
