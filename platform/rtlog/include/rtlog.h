@@ -77,8 +77,8 @@ RTLOG_API void rt_log_init(void);
  * outlive the call. A line for which memory runs out, or that the target does not take, is
  * dropped.
  */
-RTLOG_API void _rt_log(const char *sourceFile, int line, const char *module, const char *category,
-                       int level, const char *format, ...) RTLOG_PRINTF(6, 7);
+RTLOG_API void _rt_log(const char* sourceFile, int line, const char* module, const char* category,
+                       int level, const char* format, ...) RTLOG_PRINTF(6, 7);
 
 #ifdef __cplusplus
 }

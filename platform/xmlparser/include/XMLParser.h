@@ -71,25 +71,25 @@ struct XmlNode {
    * has one; "#document" for the document node, "#text" and "#cdata-section" for the
    * others. Never null for an element, an attribute or the document node.
    */
-  const char *nodeName;
+  const char* nodeName;
 
   /**
    * Character data of a text or CDATA section, or the value of an attribute, each possibly
    * ""; null for an element and the document node.
    */
-  const char *nodeValue;
+  const char* nodeValue;
 
   /** First attribute of an element, chained through nextSibling; null when there is none. */
-  struct XmlNode *attributes;
+  struct XmlNode* attributes;
 
   /** The node above; null for the document node and for an attribute. */
-  struct XmlNode *parentNode;
+  struct XmlNode* parentNode;
 
   /** First child of an element or of the document node; null when there is none. */
-  struct XmlNode *firstChild;
+  struct XmlNode* firstChild;
 
   /** The node after this one under the same parent, or the next attribute; or null. */
-  struct XmlNode *nextSibling;
+  struct XmlNode* nextSibling;
 
   /**
    * Number of the name among the distinct element and attribute names of the document,
@@ -119,7 +119,7 @@ struct XmlDocument {
    * whose only child it is. Stays the first member: an adapter's document begins with it,
    * and what follows it is the library's own.
    */
-  struct XmlNode *root;
+  struct XmlNode* root;
 };
 
 /**
@@ -153,7 +153,7 @@ struct XmlParseState {
  *         release, when the text is null, not well-formed or refused, or memory runs out;
  *         getErrorText() says which.
  */
-XMLPARSER_API struct XmlDocument *parseText(struct XmlParseState *state, const char *text);
+XMLPARSER_API struct XmlDocument* parseText(struct XmlParseState* state, const char* text);
 
 /**
  * Why the last parseText() with this state failed.
@@ -162,14 +162,13 @@ XMLPARSER_API struct XmlDocument *parseText(struct XmlParseState *state, const c
  *         characters; "out of memory"; "no text"; or "" after a successful parse or for a
  *         null state. Lies in `state` and is valid until it is used again.
  */
-XMLPARSER_API const char *getErrorText(const struct XmlParseState *state);
+XMLPARSER_API const char* getErrorText(const struct XmlParseState* state);
 
 /**
- * Releases a document with all its nodes and texts, in time that does not depend on their
- * number.
+ * Releases a document with all its nodes and texts at once, without visiting them.
  * @param document  from parseText(); may be null
  */
-XMLPARSER_API void freeXMLDoc(struct XmlDocument *document);
+XMLPARSER_API void freeXMLDoc(struct XmlDocument* document);
 
 #ifdef __cplusplus
 }

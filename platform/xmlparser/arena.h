@@ -1,0 +1,83 @@
+// The memory of one document: chunks that double, given back all at once.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+
+#include "XMLParser.h"
+
+namespace xmlparser {
+
+// Stands at the beginning of its own memory.
+struct Chunk {
+  Chunk* previous;
+};
+
+void release(Chunk* last);
+
+// Hands out memory that is released with all the rest, and assembles one text at a time,
+// the open text, which grows in place as long as its chunk has room.
+class Arena {
+ public:
+  Arena() = default;
+  Arena(const Arena&) = delete;
+  Arena& operator=(const Arena&) = delete;
+  ~Arena() { release(last_); }
+
+  // `size` bytes, uninitialised, aligned for nodes; null when memory runs out.  No text may
+  // be open.
+  void* allocate(std::size_t size) {
+    const std::size_t rounded = round_up(size);
+    if (room() < rounded && !add_chunk(rounded)) return nullptr;
+    void* memory = cursor_;
+    cursor_ += rounded;
+    return memory;
+  }
+
+  // Adds to the open text; false when memory runs out, and the text is as it was.
+  bool append(const char* bytes, std::size_t length) {
+    if (length == 0) return true;
+    if (room() - text_length_ < length && !grow_text(length)) return false;
+    std::memcpy(cursor_ + text_length_, bytes, length);
+    text_length_ += length;
+    return true;
+  }
+
+  std::size_t text_length() const { return text_length_; }
+
+  // Terminates the open text and hands it over; null when memory runs out.  Without an
+  // append() before it the text is "".
+  const char* finish_text();
+
+  void drop_text() { text_length_ = 0; }
+
+  // A terminated copy of `length` bytes; null when memory runs out.  No text may be open.
+  const char* copy(const char* bytes, std::size_t length) {
+    return append(bytes, length) ? finish_text() : nullptr;
+  }
+
+  // Hands the chunks over to the caller, who passes them to release().
+  Chunk* take() {
+    Chunk* chunks = last_;
+    last_ = nullptr;
+    cursor_ = end_ = nullptr;
+    return chunks;
+  }
+
+ private:
+  static constexpr std::size_t round_up(std::size_t size) {
+    return (size + alignof(XmlNode) - 1) & ~(alignof(XmlNode) - 1);
+  }
+
+  std::size_t room() const { return static_cast<std::size_t>(end_ - cursor_); }
+  bool add_chunk(std::size_t size);
+  bool grow_text(std::size_t length);
+
+  Chunk* last_ = nullptr;
+  char* cursor_ = nullptr;  // where the open text begins; aligned for nodes, as is the end
+  char* end_ = nullptr;
+  std::size_t text_length_ = 0;
+  std::size_t next_size_ = 16 * 1024;  // bytes; of the next chunk
+};
+
+}  // namespace xmlparser
