@@ -1,0 +1,129 @@
+#include "reader/element_stack.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "base/trace.h"
+#include "reader/unlinked.h"
+
+extern "C" {
+
+StackEntry map[4096];
+int32_t top = -1;
+CIM* returnAddress = nullptr;
+
+}  // extern "C"
+
+namespace cim {
+namespace {
+
+constexpr std::int32_t capacity = sizeof map / sizeof map[0];
+
+std::array<Tails, capacity> tails;
+
+std::int32_t used = 0;  // entries that may not be zero
+
+// `top`, which applications can write, within the storage.
+std::int32_t highest() { return std::clamp(top, -1, capacity - 1); }
+
+bool is_named(const StackEntry& entry, const char* name) {
+  return std::strncmp(entry.name, name, sizeof entry.name) == 0;
+}
+
+bool holds(const void* record) {
+  for (std::int32_t i = 0; i <= highest(); ++i)
+    if (map[i].address == record) return true;
+  return false;
+}
+
+}  // namespace
+
+void clear_stack() {
+  const std::int32_t count = std::max(used, highest() + 1);
+  std::memset(map, 0, static_cast<std::size_t>(count) * sizeof map[0]);
+  used = 0;
+  top = -1;
+}
+
+void forget_tails() {
+  for (std::int32_t i = 0; i <= highest(); ++i) tails_at(i) = {};
+}
+
+Tails& tails_at(std::int32_t index) { return tails[static_cast<std::size_t>(index)]; }
+
+std::int32_t find_parent(const char* name) {
+  for (top = highest(); top >= 0; --top) {
+    StackEntry& entry = map[top];
+    if (is_named(entry, name)) return top;
+    entry.address = nullptr;
+    std::memset(entry.name, 0, 4);
+  }
+  return -1;
+}
+
+void push_new(void* record, const char* name) {
+  trace("\nInside push ");
+  trace("\nname %s", name);
+  top = highest();
+  if (top == -1) trace("\nCase top = -1");
+  if (top == capacity - 1) return;
+
+  StackEntry& entry = map[++top];
+  used = std::max(used, top + 1);
+  tails_at(top) = {};
+  entry.address = record;
+  trace("\nAddress set");
+  const std::size_t length = strnlen(name, sizeof entry.name - 1);
+  std::memcpy(entry.name, name, length);
+  entry.name[length] = '\0';
+  trace("\nname set\n");
+  trace("\n Added to stack\n");
+}
+
+void take_name(const char* name) {
+  for (std::int32_t i = highest(); i >= 0; --i) {
+    if (is_named(map[i], "CIM")) returnAddress = static_cast<CIM*>(map[i].address);
+    if (!is_named(map[i], name)) continue;
+    map[i].name[0] = '\0';
+    return;
+  }
+}
+
+}  // namespace cim
+
+using cim::trace;
+
+extern "C" {
+
+int Push(StackEntry entry) {
+  entry.name[sizeof entry.name - 1] = '\0';
+  if (!cim::holds(entry.address)) {
+    cim::push_new(entry.address, entry.name);
+    return 0;
+  }
+  trace("\nInside push ");
+  trace("\nname %s", entry.name);
+  return 0;
+}
+
+void* Pop(const char* name) {
+  const std::int32_t index = name ? cim::find_parent(name) : -1;
+  return index < 0 ? nullptr : map[index].address;
+}
+
+// Whoever asks for the root gets it.
+int removeParent(const char* name) {
+  if (!name) return 0;
+  cim::take_name(name);
+  cim::unlinked.forget(returnAddress);
+  return 0;
+}
+
+int printStack(void) {
+  for (std::int32_t i = 0; i <= cim::highest(); ++i)
+    trace("\n TESTTTTTTTTTTTTTTT : %s\n", map[i].name);
+  return 0;
+}
+
+}  // extern "C"

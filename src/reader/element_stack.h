@@ -1,0 +1,29 @@
+// The element stack: which record each open element has.
+#pragma once
+
+#include <cstdint>
+
+#include "cim_client.h"
+#include "reader/links.h"
+
+namespace cim {
+
+// Empties the stack and zeroes every entry that has been used.
+void clear_stack();
+
+// Forgets where the lists of the records on the stack end.
+void forget_tails();
+
+// Pop(), as an index into `map`; -1 when there is no entry of that name.
+std::int32_t find_parent(const char* name);
+
+// Push() for a record that is known not to be on the stack.
+void push_new(void* record, const char* name);
+
+// removeParent(), but the CIM record that it finds stays the reader's.
+void take_name(const char* name);
+
+// The list ends of the record at an index.
+Tails& tails_at(std::int32_t index);
+
+}  // namespace cim
