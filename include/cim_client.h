@@ -1385,18 +1385,27 @@ extern CIM_API CIM *returnAddress;
 
 /**
  * Reads a document.
- * @param text  holds it, possibly behind other text such as HTTP headers: it begins at
- *              the first "<?xml", or else at the first "<CIM "
+ *
+ * Elements that have no record are announced on standard output and passed over. A record
+ * whose parent element has no place for it belongs to the reader, which releases it when the
+ * next document begins.
+ *
+ * The fields of an IParamValue are borrowed here, too: Free_CIM() leaves them, and who reads
+ * requests releases them first.
+ * @param text  holds the document, possibly behind other text such as HTTP headers: it
+ *              begins at the first "<?xml", or else at the first "<CIM "
  * @return the tree, to be released with Free_CIM(). Null when the text holds neither
- *         beginning, is not well-formed (standard output says why) or is null. A
- *         document without a CIM element gives the tree of the document before it, null
- *         when that has been released
+ *         beginning, is not well-formed (standard output says why) or is null, or memory
+ *         runs out: #returnAddress is then as before. A document without a CIM element, or
+ *         with nothing in it, gives the tree of the document before it, null when that has
+ *         been released
  */
 CIM_API CIM *parseXML(const char *text);
 
 /**
  * Walks a parsed document and builds its records on the element stack, which it neither
- * clears before nor after.
+ * clears before nor after. The tree that #returnAddress then names is the caller's; when
+ * memory runs out, #returnAddress is as before.
  * @param node  where the walk begins; may be null
  * @return null
  */
@@ -1414,7 +1423,8 @@ CIM_API void *Pop(const char *name);
 
 /**
  * Takes the name from the nearest entry of that name, so that it is not found any more.
- * Sets #returnAddress when it passes the entry "CIM". @return 0
+ * Sets #returnAddress when it passes the entry "CIM": that tree is then the caller's.
+ * @return 0
  */
 CIM_API int removeParent(const char *name);
 
@@ -1427,8 +1437,8 @@ CIM_API int printStack(void);
  * @param instance  receives the instance, to be released with Free_Instance(). A
  *                  property gives one record for its NAME and one for its TYPE, each
  *                  with the value; the value of an array arrives empty
- * @return 0; -1 when the text is null, not well-formed or without INSTANCE, or when
- *         memory runs out: @p *instance is then untouched
+ * @return 0; -1 when an argument is null, the text is not well-formed or without INSTANCE,
+ *         or memory runs out: @p *instance is then untouched
  */
 CIM_API int ParseCDataContent(const char *text, Instance **instance);
 
@@ -1440,9 +1450,11 @@ CIM_API int ParseCDataContent(const char *text, Instance **instance);
  * fills @p *entry for the stack: with the new record and the element's name when the
  * element has a child, otherwise with @p parent and the parent element's name.
  *
- * @p parent is the record of the element above @p node, or null. A record whose parent
- * is null, or has no place for it, belongs to the reader, which releases it when the
- * next document begins. Returns @p entry.
+ * @p parent is the record of the element above @p node, or null. A record that cannot be
+ * linked, because @p parent is null or has no place for it, belongs to the caller when the
+ * entry names it; otherwise to the reader, which releases it when the next document begins.
+ * A record in the place of a single child is released for the new one. When memory runs out
+ * a record is incomplete, or the entry names none. Returns @p entry.
  * @{ */
 
 /**
