@@ -1,0 +1,54 @@
+// Memory: allocations that fail, and secrets in what is released.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace support {
+
+// A program that has these in it puts its malloc, calloc, realloc, strdup and free in the place of
+// libc's, also for the shared libraries that it uses.  Under valgrind they count only with
+// --soname-synonyms=somalloc=nouserintercepts.
+
+// While it exists, one allocation of the thread that made it fails: the one that has `successes`
+// others before it.  Those after it succeed again.
+class FailingAllocation {
+ public:
+  explicit FailingAllocation(std::size_t successes);
+  FailingAllocation(const FailingAllocation&) = delete;
+  FailingAllocation& operator=(const FailingAllocation&) = delete;
+  ~FailingAllocation();
+
+  // True when an allocation has failed: false means that fewer were made.
+  bool has_failed() const;
+
+  // Bytes that the failed allocation asked for.
+  std::size_t size() const;
+};
+
+// While it exists, the thread's allocations neither count nor fail.
+class UncountedAllocations {
+ public:
+  UncountedAllocations();
+  UncountedAllocations(const UncountedAllocations&) = delete;
+  UncountedAllocations& operator=(const UncountedAllocations&) = delete;
+  ~UncountedAllocations();
+};
+
+// While it exists, what the thread releases is searched for a secret.
+class ReleasedSecrets {
+ public:
+  explicit ReleasedSecrets(std::string secret);
+  ReleasedSecrets(const ReleasedSecrets&) = delete;
+  ReleasedSecrets& operator=(const ReleasedSecrets&) = delete;
+  ~ReleasedSecrets();
+
+  // How many blocks were released, and how many of them with the secret in them.
+  std::size_t released() const;
+  std::size_t with_secret() const;
+
+ private:
+  std::string secret_;
+};
+
+}  // namespace support
