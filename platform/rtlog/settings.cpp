@@ -1,0 +1,127 @@
+// The grammar of the environment variable.
+#include "settings.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <utility>
+
+namespace rtlog {
+namespace {
+
+constexpr std::size_t kilobyte = 1024;
+constexpr std::size_t megabyte = 1024 * kilobyte;
+constexpr std::size_t smallest_size = 4 * kilobyte;
+constexpr std::size_t largest_size = 1024 * megabyte;
+constexpr std::size_t most_kept = 100;  // files
+
+// Nothing unless `text` is a decimal number and nothing else.
+std::optional<std::size_t> number(std::string_view text) {
+  std::size_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+std::optional<std::size_t> file_size(std::string_view text) {
+  std::size_t unit = 1;
+  if (text.ends_with('K')) unit = kilobyte;
+  if (text.ends_with('M')) unit = megabyte;
+  if (unit != 1) text.remove_suffix(1);
+  const auto count = number(text);
+  if (!count || *count > largest_size / unit || *count * unit < smallest_size) return std::nullopt;
+  return *count * unit;
+}
+
+std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+
+// `options` is what follows the path, from the first comma on.
+bool parse_file_options(std::string_view options, Settings& settings, std::string& complaint) {
+  constexpr std::string_view size = ",size=";
+  constexpr std::string_view keep = ",keep=";
+  while (!options.empty()) {
+    const std::string_view option = options.substr(0, options.find(',', 1));
+    options.remove_prefix(option.size());
+    if (option.starts_with(size)) {
+      const auto bytes = file_size(option.substr(size.size()));
+      if (!bytes) {
+        complaint =
+            "size is a number of bytes from 4K to 1024M, not " + quoted(option.substr(size.size()));
+        return false;
+      }
+      settings.size = *bytes;
+    } else if (option.starts_with(keep)) {
+      const auto files = number(option.substr(keep.size()));
+      if (!files || *files > most_kept) {
+        complaint =
+            "keep is a number of files from 0 to 100, not " + quoted(option.substr(keep.size()));
+        return false;
+      }
+      settings.keep = *files;
+    } else {
+      complaint = "unknown option " + quoted(option.substr(1));
+      return false;
+    }
+  }
+  return true;
+}
+
+// Commas belong to the path unless a known option follows.
+std::size_t end_of_path(std::string_view text) {
+  return std::min({text.find(",size="), text.find(",keep="), text.size()});
+}
+
+bool parse_target(std::string_view text, Settings& settings, std::string& complaint) {
+  constexpr std::string_view file = "file=";
+  if (text == "stderr") {
+    settings.target = Target::StandardError;
+    return true;
+  }
+  if (text == "syslog") {
+    settings.target = Target::Syslog;
+    return true;
+  }
+  if (!text.starts_with(file)) {
+    complaint = "the target is stderr, syslog or file=PATH, not " + quoted(text);
+    return false;
+  }
+  text.remove_prefix(file.size());
+  const std::size_t path_size = end_of_path(text);
+  if (path_size == 0) {
+    complaint = "file= needs a path";
+    return false;
+  }
+  settings.target = Target::File;
+  settings.path = text.substr(0, path_size);
+  return parse_file_options(text.substr(path_size), settings, complaint);
+}
+
+bool parse_level(std::string_view text, Settings& settings, std::string& complaint) {
+  constexpr std::array<std::pair<std::string_view, Level>, 5> levels{{{"error", Level::Error},
+                                                                      {"warning", Level::Warning},
+                                                                      {"info", Level::Info},
+                                                                      {"debug", Level::Debug},
+                                                                      {"trace", Level::Trace}}};
+  for (const auto& [name, level] : levels) {
+    if (text != name) continue;
+    settings.level = level;
+    return true;
+  }
+  complaint = "the level is off, error, warning, info, debug or trace, not " + quoted(text);
+  return false;
+}
+
+}  // namespace
+
+std::optional<Settings> parse_settings(std::string_view value, std::string& complaint) {
+  if (value.empty()) return Settings{};
+  const std::size_t colon = value.rfind(':');
+  Settings settings;
+  if (!parse_target(value.substr(0, colon), settings, complaint)) return std::nullopt;
+  if (colon == value.npos) return settings;
+  if (value.substr(colon + 1) == "off") return Settings{};
+  if (!parse_level(value.substr(colon + 1), settings, complaint)) return std::nullopt;
+  return settings;
+}
+
+}  // namespace rtlog

@@ -1,0 +1,31 @@
+// What the environment variable asks for.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace rtlog {
+
+inline constexpr const char* variable = "CIM_CLIENT_LOG";
+
+// The numbers that callers pass.
+enum class Level { Error, Warning, Info, Debug, Trace };
+
+enum class Target { Nowhere, StandardError, Syslog, File };
+
+struct Settings {
+  Target target = Target::Nowhere;
+  Level level = Level::Info;  // and those before it
+
+  // Of Target::File:
+  std::string path;
+  std::size_t size = 1024 * 1024;  // bytes; a file that would grow beyond it is set aside
+  std::size_t keep = 3;            // files set aside
+};
+
+// Nothing when `value` cannot be understood; `complaint` then says why.
+std::optional<Settings> parse_settings(std::string_view value, std::string& complaint);
+
+}  // namespace rtlog
