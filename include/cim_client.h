@@ -1879,6 +1879,291 @@ CIM_API CIM *Free_Header(CIM *root);
 
 /** @} */
 
+/** @defgroup local_family Operations of the local broker
+ *
+ * What the operations do on a handle of the local broker. The broker's client library,
+ * libcimcClientSfcbLocal.so, is loaded on first use and kept; each operation makes an
+ * environment and a connection of its own and releases every broker object that it
+ * obtained.
+ *
+ *   resultOut  written only when there is a result; the caller releases it with the
+ *              Free_ function of its type
+ *   errorOut   receives an Error, to be released with Free_Error(), when the broker
+ *              reports one with a text
+ *   result     0; -1 when the library cannot be loaded (standard error says why), the
+ *              connection fails (standard output says so), an argument is missing, or an
+ *              answer cannot be read. An error of the broker gives 0, too
+ *
+ * Hosts, flags and property lists that are named "ignored" are not passed to the broker.
+ * @{ */
+
+/** EnumerateInstances(): @p deepInheritance 1 asks for the properties of subclasses. */
+CIM_API int CIMC_EnumInstances(NamedInstance **resultOut, const char *className,
+                               const char *ignoredHost, const char *user, const char *password,
+                               uint32_t deepInheritance, Error **errorOut, const char *nameSpace);
+
+/** EnumerateInstanceNames(). */
+CIM_API int CIMC_EnumInstanceNames(InstanceName **resultOut, const char *className,
+                                   const char *ignoredHost, const char *user, const char *password,
+                                   Error **errorOut, const char *nameSpace);
+
+/** GetInstance(): a name without keys is not asked for. */
+CIM_API int CIMC_GetInstance(Instance **resultOut, const InstanceName *instanceName,
+                             const char *ignoredHost, const char *user, const char *password,
+                             Error **errorOut, const char *nameSpace);
+
+/** Reads the name and the properties of a class. No operation above leads here. */
+CIM_API int CIMC_GetClass(Class **resultOut, const ClassName *className, uint32_t ignoredLocalOnly,
+                          uint32_t ignoredIncludeQualifiers, uint32_t ignoredIncludeClassOrigin,
+                          char **ignoredPropertyList, const char *user, const char *password,
+                          const char *nameSpace, Error **errorOut);
+
+/** Associators(). */
+CIM_API int CIMC_Associators(ObjectWithPath **resultOut, const InstanceName *instanceName,
+                             const char *assocClass, const char *resultClass, const char *role,
+                             const char *resultRole, const char *ignoredHost, const char *user,
+                             const char *password, Error **errorOut, const char *nameSpace);
+
+/** AssociatorNames(): @p className is the class of the path, @p instanceName gives its keys. */
+CIM_API int CIMC_AssociatorNames(ObjectPath **resultOut, const InstanceName *instanceName,
+                                 const char *className, const char *assocClass,
+                                 const char *resultClass, const char *role, const char *resultRole,
+                                 const char *ignoredHost, const char *user, const char *password,
+                                 Error **errorOut, const char *nameSpace);
+
+/** References(). @return 0, whatever happened */
+CIM_API int CIMC_References(ObjectWithPath **resultOut, const ObjectName *objectName,
+                            const ClassName *resultClass, const char *role,
+                            uint32_t ignoredIncludeQualifiers, uint32_t ignoredIncludeClassOrigin,
+                            char **ignoredPropertyList, const char *nameSpace, const char *user,
+                            const char *password, Error **errorOut);
+
+/** ReferenceNames(). */
+CIM_API int CIMC_ReferenceNames(ObjectPath **resultOut, const ObjectName *objectName,
+                                const ClassName *resultClass, const char *role,
+                                const char *nameSpace, const char *user, const char *password,
+                                Error **errorOut);
+
+/** CIM_CreateInstance(). */
+CIM_API int CIMC_CreateInstance(InstanceName **resultOut, const Instance *newInstance,
+                                const char *nameSpace, const char *user, const char *password,
+                                Error **errorOut);
+
+/** ModifyInstance(). References are not sent. */
+CIM_API int CIMC_ModifyInstance(const NamedInstance *modifiedInstance, const void *ignored,
+                                const char *nameSpace, const char *user, const char *password,
+                                Error **errorOut);
+
+/** DeleteInstance(). @return 0 only when the instance was deleted, otherwise -1 */
+CIM_API int CIMC_DeleteInstance(const InstanceName *instanceName, const char *nameSpace,
+                                const char *user, const char *password, Error **errorOut);
+
+/**
+ * invokeMethod().
+ * @return the method's return value, 32- and 64-bit ones cut to the limits of an int32_t and 0
+ *         for what is no number; the broker's status code after an error with a text; 2 when
+ *         the method was not called
+ */
+CIM_API int CIMC_InvokeMethod(const InstanceName *instanceName, const char *methodName,
+                              const char *nameSpace, const ParamValue *inParams,
+                              ParamValue **outParams, const char *user, const char *password,
+                              Error **errorOut);
+
+/** ExecQuery(), without user and password. */
+CIM_API int CIMC_ExecQuery(ObjectWithPath **resultOut, const char *nameSpace, const char *query,
+                           const char *queryLanguage, Error **errorOut);
+
+/** @} */
+
+/** @defgroup broker_family Broker objects and records
+ *
+ * The pieces of which the local operations are made. Broker objects are those of the
+ * CIMC interface of sblim-sfcc, handed in as untyped pointers: @c env a CIMCEnv, @c path a
+ * CIMCObjectPath, @c instance a CIMCInstance, @c args a CIMCArgs, @c array a CIMCArray,
+ * @c enumeration a CIMCEnumeration, @c data a CIMCData, @c value a CIMCValue. None is
+ * released here, unless a function says so.
+ *
+ * Each returns 0, or -1 when a part is missing, an answer cannot be read or memory runs
+ * out. What a function stores through its last arguments belongs to the caller; after -1
+ * nothing is stored, but a record handed in may be partly filled.
+ * @{ */
+
+/**
+ * Makes an environment of the broker's client library, which is opened once per process.
+ * @param id       names the library and its factory; "SfcbLocal"
+ * @param options  passed to the factory; 0
+ * @param rc       receives 0; 1 when the library cannot be loaded, 2 when it has no factory
+ * @param msg      receives null, or a text of the failure, which the caller frees
+ * @return the environment, or null
+ */
+CIM_API void *getCIMCEnv(const char *id, uint32_t options, int *rc, char **msg);
+
+/** Switches the broker library's trace on as the environment variable SFCB_TRACE says: a
+ * decimal mask. Nothing happens without it, or when the library lacks one of its two words. */
+CIM_API void setSFCBTrace(void *libraryHandle);
+
+/** Logs that an operation begins (@p entering not 0) or ends. */
+CIM_API void cimc_debug(int entering, const char *functionName);
+
+/** Makes an Error of a status code and a message, a CIMCString. */
+CIM_API int log_err_msgs(int code, const void *message, Error **errorOut);
+
+/** @return the code of a CIM type name that can be sent to the broker; 0 for others, null too */
+CIM_API int cimc_getCMPIType(const char *name);
+
+/** @return the CIM type name of a code's low 16 bits; "" for codes that have none: real
+ *  types, and arrays but those of uint16, sint8 and string */
+CIM_API const char *CIMC_getDataType(uint32_t code);
+
+/** Stores a value as a new text, or null for what has none: arrays, instances, char16.
+ * Booleans are "true" and "false". */
+CIM_API int value2Chars(uint32_t code, const void *value, char **textOut);
+
+/** Adds keys to a path. A reference is also used for the keys after it, until the next
+ * reference. */
+CIM_API int CIMC_AddKeyValues(const KeyBinding *keyBindings, void *path, const char *nameSpace,
+                              void *env);
+
+/** Adds a parameter with a text. The object made for a string is not released. */
+CIM_API int CIMC_CreatePropertyArguments(const ParamValue *parameter, void *args, void *env);
+
+/** Adds a parameter with an array, always as code 8192. */
+CIM_API int CIMC_CreatePropertyArrayArguments(const ParamValue *parameter, const char *nameSpace,
+                                              void *args, void *env);
+
+/** Adds a parameter that is a reference. */
+CIM_API int CIMC_CreateValueRefArguments(const ParamValue *parameter, const char *nameSpace,
+                                         void *args, void *env);
+
+/** Adds a parameter with an embedded instance. */
+CIM_API int CIMC_CreateCDataArgument(const ParamValue *parameter, const char *nameSpace, void *args,
+                                     void *env);
+
+/** Adds every parameter of a method call. */
+CIM_API int add_args_to_invoke_req(const ParamValue *parameters, const char *nameSpace, void *args,
+                                   void *env);
+
+/** Sets a property. Types that cannot be sent are passed over. */
+CIM_API int add_properties_to_req(const Property *property, void *instance, void *env);
+
+/** Sets an array property of integers or strings; other types are passed over. */
+CIM_API int _add_property_array_to_req(const PropertyArray *property, void *instance, void *env);
+
+/** Sets the properties and arrays of an embedded instance. Always 0. */
+CIM_API int CDATASectionHandler(const Instance *record, void *instance, void *env);
+
+/** Sets the properties and arrays of a modified instance. Always 0. */
+CIM_API int add_value_to_mi_req(const NamedInstance *namedInstance, void *instance, void *env);
+
+/** Sets a property of a new instance; "Name", "SystemName", "CreationClassName" and
+ * "SystemCreationClassName" also become keys of @p path. */
+CIM_API int add_prop_to_create_inst_req(const Property *property, void *path, void *instance,
+                                        void *env);
+
+/** Sets an array property of a new instance. */
+CIM_API int add_prop_array_to_create_inst_req(const PropertyArray *property, void *instance,
+                                              void *env);
+
+/** Sets a reference property of a new instance. */
+CIM_API int add_prop_ref_to_create_inst_req(const char *nameSpace,
+                                            const PropertyReference *property, void *instance,
+                                            void *env);
+
+/** Sets all properties of a new instance. Always 0. */
+CIM_API int create_inst_req_add_props(const char *nameSpace, const Instance *record, void *path,
+                                      void *instance, void *env);
+
+/** Fills a record from an instance and its path. */
+CIM_API int mapInstance(void *instance, NamedInstance *record);
+
+/** Fills a record from an instance. */
+CIM_API int mapGetInstance(Instance *record, void *instance);
+
+/** Fills the name and the properties of a record from a class, a CIMCClass. */
+CIM_API int mapGetClass(void *brokerClass, Class *record);
+
+/** Fills a record from a path. */
+CIM_API int mapCreateinstance(void *path, InstanceName *record);
+
+/** Fills a record from an instance and its path, with the namespace. */
+CIM_API int mapObjectWithPath(void *instance, ObjectWithPath *record);
+
+/** mapObjectWithPath() for the instance in @p data. */
+CIM_API int map_to_object_with_path(const void *data, ObjectWithPath *record);
+
+/** Fills a record from the instance in @p data and its path, without the namespace. */
+CIM_API int mapReferences(const void *data, ObjectWithPath *record);
+
+/** Fills a record from the path in @p data, without the namespace. */
+CIM_API int mapReferenceNames(const void *data, ObjectPath *record);
+
+/** Fills a record from the path in @p data, with the namespace. */
+CIM_API int mapAssociatorNames(const void *data, ObjectPath *record);
+
+/** Fills a record from the path in @p data. */
+CIM_API int mapEnumInstanceNames(const void *data, InstanceName *record);
+
+/** Makes an instance name of a path. */
+CIM_API int mapInvokeReturnValue(void *path, InstanceName **nameOut);
+
+/** Makes a list of the instances of an enumeration; elements of other kinds are passed over. */
+CIM_API int manage_enumerate_instance(void *enumeration, NamedInstance **resultOut);
+
+/** As manage_enumerate_instance(), with paths. */
+CIM_API int manage_object_with_path(void *enumeration, ObjectWithPath **resultOut);
+
+/** As manage_object_with_path(), the paths without namespace. */
+CIM_API int manage_references(void *enumeration, ObjectWithPath **resultOut);
+
+/** Makes a list of the paths of an enumeration, without namespace; other elements are passed
+ * over. */
+CIM_API int manage_references_names(void *enumeration, ObjectPath **resultOut);
+
+/** As manage_references_names(), with namespace. */
+CIM_API int manage_associator_names(void *enumeration, ObjectPath **resultOut);
+
+/** Reads the properties of @p brokerClass, a CIMCClass, or when that is null of @p instance.
+ * Properties without value are left out. */
+CIM_API int GetInstanceProperties(void *instance, void *brokerClass, Property **propertiesOut,
+                                  PropertyArray **propertyArraysOut,
+                                  PropertyReference **propertyReferencesOut);
+
+/** Makes a record of an instance. */
+CIM_API int util_GetInstanceValues(void *instance, Instance **instanceOut);
+
+/** Makes a list of the keys of a path. */
+CIM_API int GetKeyBindingValues(void *path, KeyBinding **keyBindingsOut);
+
+/** As GetKeyBindingValues(). */
+CIM_API int GetKeysFromObjectPath(void *path, KeyBinding **keyBindingsOut);
+
+/** Makes a list of the elements of an array of integers or strings; null for other arrays. */
+CIM_API int getPropertyArrayData(Value **valuesOut, uint32_t code, void *array);
+
+/** Makes a list of the output arguments of a method. */
+CIM_API int add_args_to_invoke_response(void *args, ParamValue **parametersOut);
+
+/** Fills a parameter from an output argument; a null @p value gives one without value. */
+CIM_API int CIMC_Handle_Invoke_ReturnValues(uint32_t code, const void *value, const char *name,
+                                            ParamValue *record);
+
+/** Makes an array of references of an array of paths. */
+CIM_API int mapToValueReferenceList(void *array, ValueRefArray **listOut);
+
+/** Turns a method's return value into an operation's result. Always 0. */
+CIM_API int assign_invoke_ret_values(const void *data, int *result);
+
+/** Appends a record filled by mapEnumInstanceNames(). */
+CIM_API int AddToEnumInstanceNameList(const void *data, InstanceName **list);
+
+/** Appends a record filled by map_to_object_with_path(). */
+CIM_API int AddToAssociatorList(const void *data, ObjectWithPath **list);
+
+/** Appends an empty record. */
+CIM_API int AddToAssociatorNameList(const void *ignored, ObjectPath **list);
+
+/** @} */
+
 /** @defgroup tool_family Tools
  * @{ */
 
