@@ -3,8 +3,10 @@
 
 #include <array>
 
+#include "cimxml/association_operations.h"
 #include "cimxml/class_operations.h"
 #include "cimxml/instance_operations.h"
+#include "cimxml/query_operation.h"
 #include "model/text.h"
 
 namespace sandbox::cimxml {
@@ -14,13 +16,21 @@ Operation find_operation(std::string_view name) {
     std::string_view name;
     Operation operation;
   };
-  static constexpr std::array<Entry, 6> table = {{
+  static constexpr std::array<Entry, 14> table = {{
       {"GetClass", get_class},
       {"EnumerateClasses", enumerate_classes},
       {"EnumerateClassNames", enumerate_class_names},
       {"GetInstance", get_instance},
       {"EnumerateInstances", enumerate_instances},
       {"EnumerateInstanceNames", enumerate_instance_names},
+      {"CreateInstance", create_instance},
+      {"ModifyInstance", modify_instance},
+      {"DeleteInstance", delete_instance},
+      {"Associators", associators},
+      {"AssociatorNames", associator_names},
+      {"References", references},
+      {"ReferenceNames", reference_names},
+      {"ExecQuery", exec_query},
   }};
   for (const Entry& entry : table) {
     if (same_name(entry.name, name)) return entry.operation;

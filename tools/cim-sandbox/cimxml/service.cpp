@@ -2,16 +2,20 @@
 #include "cimxml/service.h"
 
 #include "cimxml/markup.h"
+#include "cimxml/method_operation.h"
 #include "cimxml/names_in.h"
 #include "cimxml/operations.h"
 
 namespace sandbox::cimxml {
 namespace {
 
+Outcome<Done> misplaced_text(const Request& request) {
+  if (request.misplaced_text.empty()) return Done{};
+  return Error{ErrorCode::Failed, "text where no text belongs: " + request.misplaced_text};
+}
+
 Outcome<Returns> call_intrinsic(const Request& request, ObjectManager& manager, Markup& out) {
-  if (!request.misplaced_text.empty()) {
-    return Error{ErrorCode::Failed, "text where no text belongs: " + request.misplaced_text};
-  }
+  if (const Outcome<Done> sound = misplaced_text(request); !sound) return sound.error();
   const Operation operation = find_operation(request.method);
   if (!operation) {
     return Error{ErrorCode::NotSupported,
@@ -43,10 +47,15 @@ void write_intrinsic(Markup& out, const Request& request, ObjectManager& manager
   out.close("IMETHODRESPONSE");
 }
 
-void write_extrinsic(Markup& out, const Request& request) {
+void write_extrinsic(Markup& out, const Request& request, ObjectManager& manager) {
   out.open("METHODRESPONSE", {{"NAME", request.method}});
-  write_error(out, {ErrorCode::NotSupported,
-                    "the sandbox does not support method \"" + request.method + '"'});
+  const std::size_t before = out.size();
+  Outcome<Done> outcome = misplaced_text(request);
+  if (outcome) outcome = invoke_method(manager, request.call, out);
+  if (!outcome) {
+    out.cut(before);
+    write_error(out, outcome.error());
+  }
   out.close("METHODRESPONSE");
 }
 
@@ -68,7 +77,7 @@ std::string Service::answer(const Request& request) {
   if (request.is_intrinsic) {
     write_intrinsic(out, request, manager_);
   } else {
-    write_extrinsic(out, request);
+    write_extrinsic(out, request, manager_);
   }
   out.close("SIMPLERSP");
   out.close("MESSAGE");

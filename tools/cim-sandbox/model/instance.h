@@ -28,17 +28,18 @@ Instance new_instance(const Class& of_class);
 // The name of an instance that lives in `name_space`, keys in the class's order.
 ObjectPath path_of(const Instance& instance, std::string_view name_space);
 
-// One property as a client or a MOF file states it: the scalars are typed, or texts to be read
-// as the declared type tells.
-struct GivenProperty {
+// One property or argument as a client states it: the scalars are typed, or texts to be read as
+// the declared type tells.
+struct GivenValue {
   std::string name;
-  std::optional<Type> stated_type;  // the type that the client wrote beside it
+  std::optional<Type> stated_type;  // what the client wrote beside it, if it did
+  std::optional<bool> stated_array;
   Value value;
 };
 
 struct GivenInstance {
   std::string class_name;
-  std::vector<GivenProperty> properties;
+  std::vector<GivenValue> properties;
 };
 
 }  // namespace sandbox

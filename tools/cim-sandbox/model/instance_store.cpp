@@ -48,7 +48,8 @@ void InstanceStore::replace(const Class& of_class, const std::string& identity,
   note_references(*found->second);
 }
 
-void InstanceStore::remove(const Class& of_class, const std::string& identity) {
+std::vector<Instance> InstanceStore::remove(const Class& of_class, const std::string& identity) {
+  std::vector<Instance> removed;
   struct Doomed {
     const Class* of_class;
     std::string identity;
@@ -61,6 +62,7 @@ void InstanceStore::remove(const Class& of_class, const std::string& identity) {
     const auto found = shelf.by_identity.find(next.identity);
     if (found == shelf.by_identity.end()) continue;
     forget_references(*found->second);
+    removed.push_back(std::move(*found->second));
     shelf.instances.erase(found->second);
     shelf.by_identity.erase(found);
     --size_;
@@ -68,6 +70,7 @@ void InstanceStore::remove(const Class& of_class, const std::string& identity) {
       waiting.push_back({association->of_class, identity_of(path_of(*association, name_space_))});
     }
   }
+  return removed;
 }
 
 std::vector<const Instance*> InstanceStore::referring_to(const std::string& identity) const {

@@ -29,8 +29,8 @@ class InstanceStore {
   // Replaces all values but the keys of an instance that is in the store.
   void replace(const Class& of_class, const std::string& identity, std::vector<Value> values);
 
-  // Removes an instance together with the associations that refer to it.
-  void remove(const Class& of_class, const std::string& identity);
+  // Removes an instance together with the associations that refer to it, and hands them out.
+  std::vector<Instance> remove(const Class& of_class, const std::string& identity);
 
   // The association instances that refer to the object of that identity.
   std::vector<const Instance*> referring_to(const std::string& identity) const;

@@ -53,14 +53,22 @@ Outcome<std::vector<const Instance*>> ObjectManager::enumerate_instances(
 }
 
 Outcome<const Instance*> ObjectManager::get_instance(const ObjectPath& path) const {
-  const Outcome<ObjectPath> identified = repository_.identify(path, path.name_space);
+  const Outcome<Target> target = find_target(path);
+  if (!target) return target.error();
+  return target->instance;
+}
+
+Outcome<ObjectManager::Target> ObjectManager::find_target(const ObjectPath& path) const {
+  Outcome<ObjectPath> identified = repository_.identify(path, path.name_space);
   if (!identified) return identified.error();
-  const NameSpace* home = std::as_const(repository_).find(identified->name_space);
+  NameSpace* home = repository_.find(identified->name_space);
   const Class* of_class = home->classes.find(identified->class_name);
-  if (const Instance* found = home->instances.find(*of_class, identity_of(*identified))) {
-    return found;
+  std::string identity = identity_of(*identified);
+  const Instance* found = home->instances.find(*of_class, identity);
+  if (!found) {
+    return Error{ErrorCode::NotFound, "there is no instance " + to_text(*identified)};
   }
-  return Error{ErrorCode::NotFound, "there is no instance " + to_text(*identified)};
+  return Target{home, std::move(*identified), std::move(identity), found};
 }
 
 }  // namespace sandbox

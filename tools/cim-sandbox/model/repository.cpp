@@ -64,6 +64,11 @@ Outcome<ObjectPath> Repository::identify(const ObjectPath& given, std::string_vi
   return identify(given, home, 0);
 }
 
+Outcome<ObjectPath> Repository::identify_reference(const ObjectPath& given,
+                                                   std::string_view home) const {
+  return identify_reference(given, home, 0);
+}
+
 Outcome<ObjectPath> Repository::identify(const ObjectPath& given, std::string_view home,
                                          int depth) const {
   const std::string_view wanted = given.name_space.empty() ? home : given.name_space;

@@ -33,6 +33,9 @@ class Repository {
   // declared names and types of its keys, and the same for the paths in its keys.
   Outcome<ObjectPath> identify(const ObjectPath& given, std::string_view home) const;
 
+  // The same for the value of a reference, which may lead into a namespace that is not here.
+  Outcome<ObjectPath> identify_reference(const ObjectPath& given, std::string_view home) const;
+
  private:
   Outcome<ObjectPath> identify(const ObjectPath& given, std::string_view home, int depth) const;
   Outcome<Scalar> identify_key(const Property& key, const KeyBinding& given, std::string_view home,
