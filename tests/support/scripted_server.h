@@ -76,9 +76,9 @@ class ScriptedServer {
   void wait_for(std::unique_lock<std::mutex>& lock, std::size_t connections);
 
   std::vector<Script> scripts_;
-  int listener_ = -1;
-  int stop_ = -1;  // readable when the server ends
   std::uint16_t port_ = 0;
+  int listener_;
+  int stop_;  // readable when the server ends
   std::mutex mutex_;
   std::condition_variable changed_;
   std::vector<std::string> received_;
