@@ -25,6 +25,8 @@ class MarkerFile {
   const char* open(const char* mode);
 
  private:
+  void start();
+
   std::string path_;
   int error_ = 0;
   std::vector<std::string> modes_;
