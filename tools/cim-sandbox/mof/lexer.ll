@@ -64,11 +64,11 @@ exponent    [eE][-+]?[0-9]+
                           if (!source.append_escape(yytext)) return Parser::make_YYerror(source.place());
                         }
 <STRING>\\?\n           { return source.lexical_error(source.text_place(),
-                              "expected \"\\\"\" to end this string before the end of its line"); }
+                              "expected a closing quote before the end of this line"); }
 <STRING><<EOF>>         { return source.lexical_error(source.text_place(),
-                              "expected \"\\\"\" to end this string before the end of the file"); }
+                              "expected a closing quote before the end of the file"); }
 <STRING>\\              { return source.lexical_error(source.text_place(),
-                              "expected \"\\\"\" to end this string before the end of the file"); }
+                              "expected a closing quote before the end of the file"); }
 
 <<EOF>>                 { return Parser::make_END(source.next_place()); }
 .                       { return source.unknown_character(yytext); }
