@@ -1,0 +1,75 @@
+// Turning operands into records.
+#include "commands/operands.h"
+
+#include <algorithm>
+
+#include "exit_status.h"
+#include "utf8.h"
+#include "views.h"
+#include "wire.h"
+
+namespace cli {
+namespace {
+
+void address(Context& context, const ObjectUri& path) {
+  if (!path.name_space.empty()) context.session().set_namespace(path.name_space);
+}
+
+bool could_be_reference(const Key& key) {
+  return key.kind == Key::Kind::Text && looks_like_instance(key.text);
+}
+
+// Marks the keys that are references in the class.
+void mark_references(std::vector<Key>& keys, const Class& definition) {
+  for (const TypedView& property : properties_of(definition)) {
+    if (!property.is_reference) continue;
+    for (Key& key : keys) {
+      if (same_name(key.name, property.name)) key.kind = Key::Kind::Reference;
+    }
+  }
+}
+
+}  // namespace
+
+ClassNameOwner class_operand(Context& context, const std::string& text) {
+  if (text.empty()) return nullptr;
+  const ObjectUri path = parse_object(text);
+  if (path.is_instance)
+    throw usage_failure(printable(text) + " names an instance; here a class is meant");
+  address(context, path);
+  return class_name_to_send(path.class_name);
+}
+
+ObjectUri instance_operand(Context& context, const std::string& text) {
+  ObjectUri path = parse_instance(text);
+  address(context, path);
+  if (std::any_of(path.keys.begin(), path.keys.end(), could_be_reference))
+    mark_references(path.keys, *class_definition(context.session(), path.class_name));
+  return path;
+}
+
+ClassNameOwner class_name_to_send(const std::string& name) {
+  ClassNameOwner record(CIMC_CreateClassName(name.c_str()));
+  if (record == nullptr) throw std::bad_alloc();
+  escape_texts(record.get());
+  return record;
+}
+
+InstanceNameOwner instance_name_to_send(const ObjectUri& path) {
+  InstanceNameOwner record = make_instance_name(path);
+  escape_texts(record.get());
+  return record;
+}
+
+ClassOwner class_definition(Session& session, const std::string& class_name) {
+  const ClassNameOwner name = class_name_to_send(class_name);
+  ClassOwner definition =
+      session.ask<ClassOwner>([&name](struct client_Configuration* handle, Error** error) {
+        return CIM_GetClass(handle, name.get(), 0, 1, 0, nullptr, error);
+      });
+  if (definition == nullptr)
+    throw Failure(ExitStatus::CimError, "the object manager gave no class " + class_name);
+  return definition;
+}
+
+}  // namespace cli

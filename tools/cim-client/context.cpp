@@ -1,0 +1,35 @@
+// Making what commands work with.
+#include "context.h"
+
+#include <unistd.h>
+
+#include <iostream>
+#include <utility>
+
+#include "exchange.h"
+#include "password.h"
+
+namespace cli {
+
+Context::Context(Settings settings, std::ostream& out)
+    : settings_(std::move(settings)),
+      out_(out),
+      output_(make_output(settings_.output, out_, last_exchange().answer)) {}
+
+Session& Context::session() {
+  if (session_ == nullptr) {
+    Secret password = find_password(settings_.password, settings_.target);
+    const bool show_progress = isatty(STDERR_FILENO) != 0;
+    session_ = std::make_unique<Session>(settings_.target, std::move(password), settings_.timeout,
+                                         show_progress);
+    if (settings_.verbose && session_->address() != settings_.target.host)
+      std::cerr << "cim-client: " << settings_.target.host << " is " << session_->address() << "\n";
+  }
+  return *session_;
+}
+
+void Context::note_nothing_found(const char* what) const {
+  if (settings_.output.columns > 0) std::cerr << "cim-client: no " << what << " found\n";
+}
+
+}  // namespace cli
