@@ -1,4 +1,4 @@
-// Memory: allocations that fail, and secrets in what is released.
+// Memory: allocations that fail, blocks that live, and secrets in what is released.
 #pragma once
 
 #include <cstddef>
@@ -25,6 +25,25 @@ class FailingAllocation {
   // Bytes that the failed allocation asked for.
   std::size_t size() const;
 };
+
+// Lets attempt() happen again and again, each time with the next of its allocations failing, and
+// check() after each failure; then once with none.  Returns how many allocations there are.
+template <class Attempt, class Check>
+std::size_t fail_each_allocation(Attempt attempt, Check check) {
+  for (std::size_t successes = 0;; ++successes) {
+    bool has_failed = false;
+    {
+      FailingAllocation failing(successes);
+      attempt();
+      has_failed = failing.has_failed();
+    }
+    if (!has_failed) return successes;
+    check();
+  }
+}
+
+// Blocks that this thread has allocated and not released.
+long living_blocks();
 
 // While it exists, the thread's allocations neither count nor fail.
 class UncountedAllocations {

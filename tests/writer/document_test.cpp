@@ -7,7 +7,7 @@
 #include <string>
 
 #include "cim_client.h"
-#include "support/failing_allocator.h"
+#include "support/allocations.h"
 #include "support/written.h"
 
 namespace {

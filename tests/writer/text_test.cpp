@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "cim_client.h"
-#include "support/failing_allocator.h"
+#include "support/allocations.h"
 #include "support/written.h"
 
 namespace {
@@ -164,9 +164,9 @@ TEST(Text, is_a_true_beginning_whichever_allocation_fails) {
   const std::string whole = written(Gen_Instance, &instance);
 
   char* output = nullptr;
-  const long allocations =
+  const std::size_t allocations =
       support::fail_each_allocation([&] { Gen_Instance(&instance, &output); },
-                                    [&](long) {
+                                    [&] {
                                       const std::string cut = output ? output : "";
                                       EXPECT_LT(cut.size(), whole.size());
                                       EXPECT_EQ(cut, whole.substr(0, cut.size()));
@@ -174,7 +174,7 @@ TEST(Text, is_a_true_beginning_whichever_allocation_fails) {
                                       output = nullptr;
                                     });
   EXPECT_EQ(output, whole);
-  EXPECT_GE(allocations, 2);
+  EXPECT_GE(allocations, 2U);
   std::free(output);
 }
 
