@@ -141,7 +141,7 @@ void write_to_standard_error(std::string_view text) {
     if (errno == EINTR) continue;
     if (errno != EAGAIN) return;
     pollfd standard_error = {STDERR_FILENO, POLLOUT, 0};
-    constexpr int patience = 1000;  // milliseconds; then the rest is dropped
+    constexpr int patience = 100;  // milliseconds; then the rest is dropped
     if (::poll(&standard_error, 1, patience) == 0) return;
   }
 }
