@@ -1,4 +1,5 @@
 // The socket calls of the library: watched, and made to fail.
+#undef _FORTIFY_SOURCE  // its inline forms of the functions below would be defined twice
 #include "support/system_calls.h"
 
 #include <dlfcn.h>
