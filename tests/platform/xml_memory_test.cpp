@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "platform/failing_memory.h"
-#include "platform/outline.h"
+#include "XMLParser.h"
+#include "support/allocations.h"
 
 namespace {
 
@@ -21,76 +21,50 @@ std::string rich_document() {
   return text + "<s>  </s><!-- c --></r>";
 }
 
-struct Outcome {
-  std::string result;  // outline, or "refused: " and the error text
-  Counted counted;
-};
-
-Outcome parse_with_failure_at(int number, bool lasting, const std::string& text) {
-  XmlParseState state;
-  start_counting(number, lasting);
-  XmlDocument* document = parseText(&state, text.c_str());
-  stop_counting();
-  std::string result =
-      document ? outline(*document->root) : std::string("refused: ") + getErrorText(&state);
-  freeXMLDoc(document);
-
-  // Once more without looking at the document, so that only its own blocks count.
-  start_counting(number, lasting);
-  freeXMLDoc(parseText(nullptr, text.c_str()));
-  return {result, stop_counting()};
-}
-
-void sweep(bool lasting) {
+TEST(MemoryThatRunsOut, at_any_allocation_refuses_the_document_and_leaks_nothing) {
   const std::string text = rich_document();
-  const Outcome whole = parse_with_failure_at(0, lasting, text);
-  ASSERT_EQ(whole.result.rfind("refused", 0), whole.result.npos);
-  ASSERT_EQ(whole.counted.held, 0);
-  ASSERT_GT(whole.counted.allocations, 100);
-  for (int number = 1; number <= whole.counted.allocations; ++number) {
-    const Outcome outcome = parse_with_failure_at(number, lasting, text);
-    EXPECT_EQ(outcome.result, "refused: out of memory") << number;
-    EXPECT_EQ(outcome.counted.held, 0) << number;
-  }
-}
-
-TEST(MemoryThatRunsOut, once_at_any_allocation_refuses_the_document_and_leaks_nothing) {
-  sweep(/*lasting=*/false);
-}
-
-TEST(MemoryThatRunsOut, for_good_at_any_allocation_refuses_the_document_and_leaks_nothing) {
-  sweep(/*lasting=*/true);
+  const long blocks = support::living_blocks();
+  XmlParseState state;
+  XmlDocument* document = nullptr;
+  const std::size_t allocations =
+      support::fail_each_allocation([&] { document = parseText(&state, text.c_str()); },
+                                    [&] {
+                                      EXPECT_EQ(document, nullptr);
+                                      EXPECT_STREQ(getErrorText(&state), "out of memory");
+                                      EXPECT_EQ(support::living_blocks(), blocks);
+                                    });
+  EXPECT_GT(allocations, 100U);
+  ASSERT_NE(document, nullptr);
+  EXPECT_STREQ(getErrorText(&state), "");
+  freeXMLDoc(document);
+  EXPECT_EQ(support::living_blocks(), blocks);
 }
 
 TEST(MemoryThatRunsOut, in_a_document_that_is_not_well_formed_leaks_nothing) {
   const std::string text = rich_document() + "<";
-  start_counting(0, false);
-  EXPECT_EQ(parseText(nullptr, text.c_str()), nullptr);
-  const Counted whole = stop_counting();
-  EXPECT_EQ(whole.held, 0);
-  for (int number = 1; number <= whole.allocations; ++number) {
-    start_counting(number, false);
-    XmlDocument* document = parseText(nullptr, text.c_str());
-    EXPECT_EQ(stop_counting().held, 0) << number;
-    EXPECT_EQ(document, nullptr) << number;
-  }
+  const long blocks = support::living_blocks();
+  const auto attempt = [&] { EXPECT_EQ(parseText(nullptr, text.c_str()), nullptr); };
+  support::fail_each_allocation(attempt, [&] { EXPECT_EQ(support::living_blocks(), blocks); });
+  EXPECT_EQ(support::living_blocks(), blocks);
 }
 
 TEST(Memory, of_a_small_document_is_one_block) {
-  start_counting(0, false);
+  const long blocks = support::living_blocks();
   XmlDocument* document = parseText(nullptr, "<a b='1'>x<c/></a>");
-  EXPECT_EQ(stop_counting().held, 1);
+  EXPECT_EQ(support::living_blocks(), blocks + 1);
   freeXMLDoc(document);
+  EXPECT_EQ(support::living_blocks(), blocks);
 }
 
 TEST(Memory, of_a_million_nodes_is_a_few_dozen_blocks) {
   std::string text = "<a>";
   for (int i = 0; i < 1000000; ++i) text += "<b/>";
   text += "</a>";
-  start_counting(0, false);
+  const long blocks = support::living_blocks();
   XmlDocument* document = parseText(nullptr, text.c_str());
-  EXPECT_LT(stop_counting().held, 50);
+  EXPECT_LT(support::living_blocks(), blocks + 50);
   freeXMLDoc(document);
+  EXPECT_EQ(support::living_blocks(), blocks);
 }
 
 }  // namespace
