@@ -1,0 +1,11 @@
+# Address and undefined-behaviour sanitizers, with leak detection, for everything that is
+# built here.
+
+option(CIM_CLIENT_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+if(CIM_CLIENT_SANITIZE)
+  # The library has no run-time type information, which the check of virtual tables needs.
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr)
+  add_compile_options(${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(${sanitizers})
+endif()
