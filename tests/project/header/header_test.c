@@ -1,0 +1,2 @@
+/* The public header compiles alone, as C. */
+#include "cim_client.h"
