@@ -106,8 +106,7 @@ ObjectPath* AssociatorNames(struct client_Configuration* handle, ObjectName* obj
     return CIMC_XML_AssociatorNames(handle, objectName, assocClass, resultClass, role, resultRole,
                                     errorOut);
   ObjectPath* result = nullptr;
-  if (const InstanceName* name = instance_of(objectName);
-      name && is_served_by(handle, LocalBroker))
+  if (const InstanceName* name = instance_of(objectName); name && is_served_by(handle, LocalBroker))
     CIMC_AssociatorNames(&result, name, text_of(name->className), text_of(assocClass),
                          text_of(resultClass), role, resultRole, handle->host, handle->user,
                          handle->password, errorOut, handle->namespace_);
