@@ -36,7 +36,22 @@ inline std::string answer(const std::string& return_value) {
       return_value + "</IRETURNVALUE></IMETHODRESPONSE></SIMPLERSP></MESSAGE>");
 }
 
-// What an answer() holds.
+// The same as it comes from an object manager, a line break after every tag, around the lines in
+// IMETHODRESPONSE.
+inline std::string answer_of(const std::string& operation, const std::string& lines) {
+  return R"(<?xml version="1.0" encoding="utf-8" ?>
+<CIM CIMVERSION="2.0" DTDVERSION="2.0">
+<MESSAGE ID="1234" PROTOCOLVERSION="1.0">
+<SIMPLERSP>
+<IMETHODRESPONSE NAME=")" +
+         operation + "\">\n" + lines + R"(</IMETHODRESPONSE>
+</SIMPLERSP>
+</MESSAGE>
+</CIM>
+)";
+}
+
+// What such an answer returns.
 inline const IReturnValue& returned(const Tree& tree) {
   return *tree->message->simpleRsp->iMethodResponse->iReturnValue;
 }
