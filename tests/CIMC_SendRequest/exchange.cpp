@@ -65,7 +65,8 @@ std::string head(const std::string& length) {
 
 std::string body(std::size_t size) {
   std::string text = "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n";
-  while (text.size() < size) text.append("<").append(std::to_string(text.size())).append(">\n");
+  const std::string filling(56, '.');
+  while (text.size() < size) text.append(std::to_string(text.size())).append(filling).append("\n");
   return text.substr(0, size);
 }
 

@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 namespace support {
@@ -43,16 +44,17 @@ int listen_on_loopback(std::uint16_t* port) {
 }
 
 // Bytes of the request that `text` begins with; 0 while it is not whole.
-std::size_t request_size(const std::string& text) {
-  std::size_t head = std::string::npos;
-  for (const std::string end : {"\n\n", "\r\n\r\n"})
-    if (const auto found = text.find(end); found != std::string::npos)
-      head = std::min(head, found + end.size());
-  if (head == std::string::npos) return 0;
-  constexpr char label[] = "Content-Length:";
-  const auto found = text.find(label);
-  const std::size_t body =
-      found < head ? std::strtoul(text.c_str() + found + sizeof label - 1, nullptr, 10) : 0;
+std::size_t request_size(std::string_view text) {
+  std::size_t head = text.find("\n\n");
+  const std::size_t lines = text.substr(0, head).find("\r\n\r\n");
+  if (lines != std::string_view::npos) head = lines + 2;
+  if (head == std::string_view::npos) return 0;
+  head += 2;
+  constexpr std::string_view label = "Content-Length:";
+  const std::size_t found = text.substr(0, head).find(label);
+  std::size_t body = 0;
+  if (found != std::string_view::npos)
+    body = std::strtoul(std::string(text.substr(found + label.size(), 20)).c_str(), nullptr, 10);
   return text.size() >= head + body ? head + body : 0;
 }
 
