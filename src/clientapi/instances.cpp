@@ -103,14 +103,12 @@ bool collect(PropertyLists& lists, Object* object) {
   return true;
 }
 
-// One element as a text.  False when memory runs out; null text for an element without one.
-bool element_text(const TypeInfo& type, const CIMCValue& value, char** text) {
-  if (type.kind == Kind::String && !value.string) {
-    *text = nullptr;
-    return true;
-  }
-  value2Chars(type.code, &value, text);
-  return *text || (type.kind == Kind::String && !characters(value.string));
+// One element as a text; null for an element without one.  False when memory runs out.
+bool element_text(const TypeInfo& type, const CIMCData& data, char** text) {
+  *text = nullptr;
+  if (!is_readable(type, data.type)) return true;
+  value2Chars(type.code, &data.value, text);
+  return *text || (type.kind == Kind::String && !characters(data.value.string));
 }
 
 }  // namespace
@@ -124,7 +122,7 @@ bool make_values(Value** values, CIMCType element, CIMCArray* array) {
   for (CIMCCount index = 0; index < count; ++index) {
     const CIMCData data = array->ft->getElementAt(array, index, nullptr);
     auto* value = *last = allocate<Value>();
-    if (!value || !element_text(*type, data.value, &value->text)) {
+    if (!value || !element_text(*type, data, &value->text)) {
       release(*values);
       *values = nullptr;
       return false;

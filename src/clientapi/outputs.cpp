@@ -86,7 +86,7 @@ bool fill_texts(ValueArray& record, const TypeInfo& type, CIMCArray* array) {
   Value** last = &record.values;
   const char* text = "";
   return for_each_element(array, [&](const CIMCData& data) {
-    char* own = output_text(type, data.value);
+    char* own = is_readable(type, data.type) ? output_text(type, data.value) : nullptr;
     auto* value = *last = allocate<Value>();
     if (value) {
       value->text = element_copy(own ? own : text);

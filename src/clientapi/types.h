@@ -38,6 +38,19 @@ inline bool is_integer(const TypeInfo& type) {
   return type.kind == Kind::Unsigned || type.kind == Kind::Signed;
 }
 
+// Codes that brokers give string objects besides code::string.
+inline bool is_string_code(CIMCType stored) {
+  return stored == code::string || stored == 5634 || stored == 5884 || stored == 5888 ||
+         stored == 7680;
+}
+
+// True when a value that the broker says is of `stored` can be read as `type`: what holds no
+// such object is not followed.
+inline bool is_readable(const TypeInfo& type, CIMCType stored) {
+  if (type.kind == Kind::String) return is_string_code(stored);
+  return type.kind != Kind::DateTime || stored == code::datetime;
+}
+
 // The type of a code without the array flag; null for a code that is none of the table's.
 const TypeInfo* type_of(CIMCType code);
 

@@ -66,11 +66,6 @@ char* scalar_text(const TypeInfo& type, const CIMCValue& value) {
   return nullptr;
 }
 
-// Codes that brokers give string objects besides code::string.
-bool is_other_string(CIMCType code) {
-  return code == 5634 || code == 5884 || code == 5888 || code == 7680;
-}
-
 }  // namespace
 
 extern "C" int value2Chars(uint32_t code, const void* value, char** textOut) {
@@ -81,7 +76,7 @@ extern "C" int value2Chars(uint32_t code, const void* value, char** textOut) {
   const auto& data = *static_cast<const CIMCValue*>(value);
   if (low == cim::broker::code::reference) {
     *textOut = reference_text(data.ref);
-  } else if (is_other_string(low)) {
+  } else if (is_string_code(low)) {
     *textOut = copy_of(data.string);
   } else if (const TypeInfo* type = type_of(low)) {
     *textOut = scalar_text(*type, data);
