@@ -1140,9 +1140,9 @@ CIM_API int AddToKeyBindingList(KeyBinding **list, const char *name, const char 
 /**
  * Appends a reference property.
  * @param keyBindings     keys of the instance referred to; null: the property is null
- * @param namespaces      namespace of that instance: only the first node is kept, the
+ * @param namespaces      namespace of that instance: only the first node is taken, the
  *                        caller's list is cut after it. Null: the reference stays empty
- *                        and the keys are released
+ *                        and the keys are released. Untouched without @p keyBindings
  * @param referenceClass  class of that instance; must not be null with @p name
  * @param name            name of the property, or null
  * @return as the family; after a failure what was built of the reference is released

@@ -103,35 +103,41 @@ InstanceName* make_instance_name(const char* class_name, KeyBinding* keys) {
   return nullptr;
 }
 
-// Puts the path of `name` in the first of `namespaces` into `reference`: callers count on
-// the rest of that list staying theirs.  Both records pass to the reference at once.
-bool fill(ValueReference& reference, Namespace* namespaces, InstanceName* name) {
+// Puts the path of `name` in `name_space` into `reference`.  Both are the reference's from here
+// on: whatever the result, the caller has them no longer.
+bool fill(ValueReference& reference, Namespace* name_space, InstanceName* name) {
   auto* path = reference.localInstancePath = allocate<LocalInstancePath>();
-  if (!path) {
+  if (path) path->localNamespacePath = allocate<LocalNamespacePath>();
+  if (!path || !path->localNamespacePath) {
+    release(name_space);
     release(name);
     return false;
   }
+  path->localNamespacePath->namespaces = name_space;
   path->instanceName = name;
-  path->localNamespacePath = allocate<LocalNamespacePath>();
-  if (!path->localNamespacePath) return false;
-  path->localNamespacePath->namespaces = namespaces;
-  namespaces->next = nullptr;
   return true;
 }
 
 // A reference to the instance that `keys` name; without a namespace it stays empty and the
-// keys are released.  Null when memory runs out.
-ValueReference* make_reference(Namespace* namespaces, const char* class_name, KeyBinding* keys) {
+// keys are released.  Null when memory runs out.  `name_space` and `keys` become its own, as
+// above.
+ValueReference* make_reference(Namespace* name_space, const char* class_name, KeyBinding* keys) {
   InstanceName* name = make_instance_name(class_name, keys);
-  if (!name) return nullptr;
-  auto* reference = allocate<ValueReference>();
-  if (!reference || !namespaces) {
+  auto* reference = name ? allocate<ValueReference>() : nullptr;
+  if (!reference || !name_space) {
+    release(name_space);
     release(name);
     return reference;
   }
-  if (fill(*reference, namespaces, name)) return reference;
+  if (fill(*reference, name_space, name)) return reference;
   release(reference);
   return nullptr;
+}
+
+// Takes the first node out of `namespaces`: callers count on the rest staying theirs.
+Namespace* take_first(Namespace* namespaces) {
+  if (namespaces) namespaces->next = nullptr;
+  return namespaces;
 }
 
 // Appends a key with a value.  Null when memory runs out.
@@ -230,12 +236,14 @@ int AddToPropertyReferenceList(PropertyReference** list, KeyBinding* keyBindings
   PropertyReference* node = append(list);
   const bool named =
       node && (!name || (store(node->name, name) && store(node->referenceClass, referenceClass)));
+  if (!keyBindings) return named ? 0 : -1;
+  Namespace* name_space = take_first(namespaces);
   if (!named) {
+    release(name_space);
     release(keyBindings);
     return -1;
   }
-  if (!keyBindings) return 0;
-  node->valueReference = make_reference(namespaces, referenceClass, keyBindings);
+  node->valueReference = make_reference(name_space, referenceClass, keyBindings);
   return node->valueReference ? 0 : -1;
 }
 
