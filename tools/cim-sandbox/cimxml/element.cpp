@@ -13,7 +13,7 @@ namespace sandbox::cimxml {
 namespace {
 
 constexpr std::size_t deepest_element = 64;  // CIM-XML requests need about fifteen
-constexpr std::size_t most_elements = 1U << 20U;
+constexpr std::size_t most_elements = 1U << 18U;
 constexpr std::size_t piece_size = 1U << 20U;  // bytes handed to the parser at once
 
 std::string_view view_of(const xmlChar* text) {

@@ -10,17 +10,12 @@ namespace {
 
 constexpr std::string_view host = "localhost";
 
-const View& whole_instance() {
-  static const View view({}, nullptr);
-  return view;
-}
-
 void write_scalar(Markup& out, const Scalar& scalar, Type type) {
   if (const auto* reference = std::get_if<Reference>(&scalar)) {
     write_reference(out, **reference);
   } else if (const auto* embedded = std::get_if<EmbeddedInstance>(&scalar)) {
     Markup inner;
-    write_instance(inner, **embedded, whole_instance());
+    write_instance(inner, **embedded, View({}, nullptr));
     const bool nested = inner.text().find("<![CDATA[") != std::string::npos;
     if (nested) {
       out.leaf("VALUE", {}, inner.text());  // sections cannot stand within each other
