@@ -4,7 +4,7 @@
 usage: readme_program.py SOURCE_FOLDER BUILD_FOLDER CIM_SANDBOX
 
 The README holds, in this order, the program (a block "c"), how to compile it (a block "sh"
-that calls gcc) and how to run it (a block "console": the command behind "$ ", and its output).
+that begins with gcc) and how to run it (a block "console": the command behind "$ ", and its output).
 """
 import pathlib
 import re
@@ -27,7 +27,7 @@ def blocks(language):
 class ReadmeProgram(unittest.TestCase):
     def test_it_compiles_and_runs_as_shown(self):
         program, = blocks("c")
-        compilation, = [block for block in blocks("sh") if "gcc" in block]
+        compilation, = [block for block in blocks("sh") if block.startswith("gcc ")]
         command, output = re.fullmatch(r"\$ (.*?)\n(.*)", blocks("console")[0], re.DOTALL).groups()
         name = re.search(r"\S+\.c\b", compilation)[0]
         with tempfile.TemporaryDirectory() as folder:
