@@ -4,7 +4,8 @@
 usage: readme_program.py SOURCE_FOLDER BUILD_FOLDER CIM_SANDBOX
 
 The README holds, in this order, the program (a block "c"), how to compile it (a block "sh"
-that begins with gcc) and how to run it (a block "console": the command behind "$ ", and its output).
+that begins with gcc) and how to run it (a block "console": the command behind "$ ", and its
+output).
 """
 import pathlib
 import re
