@@ -74,15 +74,12 @@ spdlog::level::level_enum spdlog_level(Level level) {
   return levels[static_cast<std::size_t>(level)];
 }
 
-// The format itself when it cannot be applied.
-std::string formatted(const char* format, va_list arguments) {
-  va_list measured;
-  va_copy(measured, arguments);
-  const int length = std::vsnprintf(nullptr, 0, format, measured);
-  va_end(measured);
+// Both lists hold the arguments.  The format itself when it cannot be applied.
+std::string formatted(const char* format, va_list to_measure, va_list to_write) {
+  const int length = std::vsnprintf(nullptr, 0, format, to_measure);
   if (length < 0) return format;
   std::string text(static_cast<std::size_t>(length), '\0');
-  std::vsnprintf(text.data(), text.size() + 1, format, arguments);
+  std::vsnprintf(text.data(), text.size() + 1, format, to_write);
   return text;
 }
 
@@ -103,14 +100,17 @@ void _rt_log(const char* sourceFile, int line, const char* module, const char* c
   const Log* log = current_log;
   if (!log || level_of(level) > log->level) return;
 
-  va_list arguments;
-  va_start(arguments, format);
+  va_list to_measure;
+  va_list to_write;
+  va_start(to_measure, format);
+  va_start(to_write, format);
   contain([&] {
     const std::string place = std::string(text_of(module)) + '/' + text_of(category) + ' ' +
                               text_of(sourceFile) + ':' + std::to_string(line);
-    const std::string message = formatted(text_of(format), arguments);
+    const std::string message = formatted(text_of(format), to_measure, to_write);
     log->sink->log({spdlog::source_loc{}, place, spdlog_level(level_of(level)), message});
     log->sink->flush();
   });
-  va_end(arguments);
+  va_end(to_write);
+  va_end(to_measure);
 }

@@ -118,7 +118,7 @@ std::optional<Settings> parse_settings(std::string_view value, std::string& comp
   const std::size_t colon = value.rfind(':');
   Settings settings;
   if (!parse_target(value.substr(0, colon), settings, complaint)) return std::nullopt;
-  if (colon == value.npos) return settings;
+  if (colon == std::string_view::npos) return settings;
   if (value.substr(colon + 1) == "off") return Settings{};
   if (!parse_level(value.substr(colon + 1), settings, complaint)) return std::nullopt;
   return settings;

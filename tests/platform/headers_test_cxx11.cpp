@@ -3,8 +3,10 @@
 #include "rtlog.h"
 
 // Once more, against missing guards.
+// NOLINTBEGIN(readability-duplicate-include)
 #include "XMLParser.h"
 #include "rtlog.h"
+// NOLINTEND(readability-duplicate-include)
 
 int main() {
   XmlDocument* document = parseText(nullptr, "<a b='1'/>");

@@ -24,36 +24,44 @@
 #include <stdlib.h>
 #include <string.h>
 #include <sys/resource.h>
-#include <syslog.h>
 #include <unistd.h>
 
 #include "rtlog.h"
 
 #define EXPORTED __attribute__((visibility("default")))
 
-EXPORTED void syslog(int priority, const char* format, ...) {
-  va_list arguments;
-  va_start(arguments, format);
+/* Bound to their names by the assembler: the compiler has declarations of its own for them. */
+EXPORTED void print_syslog(int priority, const char* format, ...) __asm__("syslog")
+    __attribute__((format(printf, 2, 3)));
+EXPORTED void print_fortified_syslog(int priority, int flag, const char* format,
+                                     ...) __asm__("__syslog_chk")
+    __attribute__((format(printf, 3, 4)));
+
+static void print_message(int priority, const char* format, va_list arguments) {
   printf("%d ", priority);
   vprintf(format, arguments);
   printf("\n");
+}
+
+void print_syslog(int priority, const char* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  print_message(priority, format, arguments);
   va_end(arguments);
 }
 
 /* What syslog() becomes where sources are fortified. */
-EXPORTED void __syslog_chk(int priority, int flag, const char* format, ...)
-    __attribute__((format(printf, 3, 4)));
-void __syslog_chk(int priority, int flag, const char* format, ...) {
+void print_fortified_syslog(int priority, int flag, const char* format, ...) {
   (void)flag;
   va_list arguments;
   va_start(arguments, format);
-  printf("%d ", priority);
-  vprintf(format, arguments);
-  printf("\n");
+  print_message(priority, format, arguments);
   va_end(arguments);
 }
 
 static const char* value_of(const char* argument) { return strchr(argument, '=') + 1; }
+
+static int number_of(const char* argument) { return (int)strtol(value_of(argument), NULL, 10); }
 
 static void write_text(int level, const char* text) {
   _rt_log("src/file.c", 42, "MODULE", "category", level, "%s", text);
@@ -120,16 +128,17 @@ static void do_step(const char* argument) {
   if (is(argument, "init"))
     rt_log_init();
   else if (is(argument, "log"))
-    write_text(atoi(value_of(argument)), value_of(value_of(argument)));
+    write_text(number_of(argument), value_of(value_of(argument)));
   else if (is(argument, "long"))
     write_long(strtoul(value_of(argument), NULL, 10));
   else if (is(argument, "lines"))
-    write_lines(atoi(value_of(argument)));
+    write_lines(number_of(argument));
   else if (is(argument, "threads"))
-    write_in_threads(atoi(value_of(argument)), atoi(value_of(value_of(argument))));
+    write_in_threads(number_of(argument), number_of(value_of(argument)));
   else if (is(argument, "null")) {
-    _rt_log(NULL, 0, NULL, NULL, 2, NULL);
-    write_text(2, NULL);
+    const char* volatile nothing = NULL; /* compilers warn of what they see */
+    _rt_log(NULL, 0, NULL, NULL, 2, nothing, 0);
+    write_text(2, nothing);
   } else if (is(argument, "errno"))
     check_errno();
   else if (is(argument, "signals"))

@@ -53,7 +53,7 @@ std::string outline_of(const char* text) {
   XmlParseState state;
   XmlDocument* document = parseText(&state, text);
   if (!document) return std::string("refused: ") + getErrorText(&state);
-  const std::string result = outline(*document->root);
+  std::string result = outline(*document->root);
   freeXMLDoc(document);
   return result;
 }

@@ -19,7 +19,7 @@ TEST(RecordingLogger, takes_the_place_of_the_platform_logger_and_records_every_c
   const std::string command = "LD_LIBRARY_PATH=" RECORDING_RTLOG_FOLDER " RECORDED_LOG=" + record +
                               " CIM_CLIENT_LOG=stderr " LOG_WRITER
                               " init 'log=2=a\\tb\\\\c' 'log=7=%s\nx' null 2>&1";
-  FILE* output = popen(command.c_str(), "r");
+  FILE* output = popen(command.c_str(), "r");  // NOLINT(cert-env33-c): fixed words
   ASSERT_NE(output, nullptr);
   EXPECT_EQ(fgetc(output), EOF) << "the platform's own logger has written";
   EXPECT_EQ(pclose(output), 0);

@@ -54,7 +54,7 @@ class Logging : public testing::Test {
 
   // Runs the log writer with the variable set to `value`, or unset, in the test's folder.
   // With `errors` its standard error goes there.
-  Outcome run(std::optional<std::string> value, const std::vector<std::string>& steps,
+  Outcome run(const std::optional<std::string>& value, const std::vector<std::string>& steps,
               const char* errors = nullptr) {
     const std::string output = (folder_ / "stdout").string();
     const std::string own_errors = (folder_ / "stderr").string();
@@ -88,6 +88,7 @@ class Logging : public testing::Test {
     std::vector<std::string> words = {LOG_WRITER};
     words.insert(words.end(), steps.begin(), steps.end());
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
 
@@ -364,9 +365,9 @@ TEST_F(Logging, to_a_file_sets_it_aside_before_it_grows_beyond_the_size) {
   ASSERT_GT(lines.size(), 50U);
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const std::string number = std::to_string(200 - lines.size() + i);
-    EXPECT_TRUE(is_line(
-        lines[i], "info MODULE/category src/file.c:" + number + ": line " + number + " of 200"))
-        << lines[i];
+    std::string expected = "info MODULE/category src/file.c:";
+    expected.append(number).append(": line ").append(number).append(" of 200");
+    EXPECT_TRUE(is_line(lines[i], expected)) << lines[i];
   }
 }
 

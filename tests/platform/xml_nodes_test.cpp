@@ -43,8 +43,7 @@ TEST(DocumentNode, stands_above_the_root_and_is_called_document) {
 
 TEST(Document, begins_with_its_root) {
   XmlDocument* document = parseText(nullptr, "<a/>");
-  XmlNode* first_member = nullptr;
-  std::memcpy(&first_member, document, sizeof(first_member));
+  const auto* first_member = *reinterpret_cast<XmlNode**>(document);
   EXPECT_STREQ(first_member->nodeName, "a");
   freeXMLDoc(document);
 }
@@ -152,7 +151,7 @@ TEST(NameNumbers, never_stand_for_two_names_however_many_there_are) {
   std::map<std::uint32_t, std::string> name_of;
   int count = 0;
   for (const XmlNode* n = parsed.root().firstChild; n; n = n->nextSibling) {
-    EXPECT_STREQ(n->nodeName, ("n" + std::to_string(count % 3000)).c_str());
+    EXPECT_EQ(n->nodeName, std::string("n").append(std::to_string(count % 3000)));
     EXPECT_EQ(n->nodeNameLength, std::strlen(n->nodeName));
     ++count;
     if (n->nodeNameId == 0) continue;
