@@ -29,8 +29,8 @@ StackEntry* create(R* (*builder)(Building&), StackEntry* entry, const XmlNode* n
   Building building{.element = *node,
                     .names = names,
                     .parent = {.record = parent, .name = look_up(parent_name(*node))}};
+  if (node->firstChild) return fill(entry, builder(building), node->nodeName);
   R* record = unlinked.reserve() ? builder(building) : nullptr;
-  if (node->firstChild) return fill(entry, record, node->nodeName);
   if (record && !building.linked) unlinked.add(record);
   return fill(entry, parent, parent_name(*node));
 }

@@ -20,8 +20,9 @@ void Unlinked::forget(const void* record) {
   for (std::size_t i = 0; i < count_; ++i) {
     if (records_[i].record != record) continue;
     records_[i] = records_[--count_];
-    return;
+    break;
   }
+  if (count_ == 0) give_memory_back();
 }
 
 void Unlinked::release_all() {
@@ -29,6 +30,10 @@ void Unlinked::release_all() {
     --count_;
     records_[count_].release(records_[count_].record);
   }
+  give_memory_back();
+}
+
+void Unlinked::give_memory_back() {
   std::free(records_);
   records_ = nullptr;
   capacity_ = 0;

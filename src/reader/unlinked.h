@@ -31,6 +31,8 @@ class Unlinked {
     void (*release)(void* record);
   };
 
+  void give_memory_back();
+
   Entry* records_ = nullptr;
   std::size_t count_ = 0;
   std::size_t capacity_ = 0;

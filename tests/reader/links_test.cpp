@@ -9,6 +9,7 @@
 
 #include "reader/elements.h"
 #include "reader/reading.h"
+#include "support/allocations.h"
 #include "support/document.h"
 
 namespace {
@@ -78,7 +79,6 @@ TEST_P(Pairs, a_child_is_in_the_field_of_its_kind_or_nowhere) {
   }
 }
 
-// That a replaced record is released shows when the tests run with a leak checker.
 TEST_P(Pairs, a_second_child_is_appended_or_replaces_the_first) {
   const Element& parent = GetParam();
   for (const Element& child : elements::all) {
@@ -94,6 +94,19 @@ TEST_P(Pairs, a_second_child_is_appended_or_replaces_the_first) {
     if (second) {
       EXPECT_FALSE(next_of(second, child));
     }
+  }
+}
+
+TEST_P(Pairs, no_child_outlives_the_document) {
+  const Element& parent = GetParam();
+  for (const Element& child : elements::all) {
+    SCOPED_TRACE(child.name);
+    const std::string text = reading::document(open(parent, tag(child) + tag(child)));
+    const long living = support::living_blocks();
+    parseXML(text.c_str());
+    EXPECT_GT(support::living_blocks(), living);
+    reading::start_over();
+    EXPECT_EQ(support::living_blocks(), living);
   }
 }
 
