@@ -33,11 +33,13 @@ void write_error(Markup& out, const Error& error) {
   out.empty("ERROR", {{"CODE", code}, {"DESCRIPTION", error.description}});
 }
 
-void write_intrinsic(Markup& out, const Request& request, ObjectManager& manager) {
+void write_intrinsic(Markup& out, const Request& request, ObjectManager& manager,
+                     const std::optional<Error>& instead) {
   out.open("IMETHODRESPONSE", {{"NAME", request.method}});
   const std::size_t before = out.size();
   out.open("IRETURNVALUE");
-  const Outcome<Returns> outcome = call_intrinsic(request, manager, out);
+  const Outcome<Returns> outcome =
+      instead ? Outcome<Returns>(*instead) : call_intrinsic(request, manager, out);
   if (outcome && *outcome == Returns::Value) {
     out.close("IRETURNVALUE");
   } else {
@@ -47,10 +49,11 @@ void write_intrinsic(Markup& out, const Request& request, ObjectManager& manager
   out.close("IMETHODRESPONSE");
 }
 
-void write_extrinsic(Markup& out, const Request& request, ObjectManager& manager) {
+void write_extrinsic(Markup& out, const Request& request, ObjectManager& manager,
+                     const std::optional<Error>& instead) {
   out.open("METHODRESPONSE", {{"NAME", request.method}});
   const std::size_t before = out.size();
-  Outcome<Done> outcome = misplaced_text(request);
+  Outcome<Done> outcome = instead ? Outcome<Done>(*instead) : misplaced_text(request);
   if (outcome) outcome = invoke_method(manager, request.call, out);
   if (!outcome) {
     out.cut(before);
@@ -61,23 +64,25 @@ void write_extrinsic(Markup& out, const Request& request, ObjectManager& manager
 
 }  // namespace
 
-std::variant<Response, Refusal> Service::answer(std::string_view document) {
+std::variant<Response, Refusal> Service::answer(std::string_view document,
+                                                const Interception& intercept) {
   auto read = read_request(document);
   if (auto* refusal = std::get_if<Refusal>(&read)) return std::move(*refusal);
   const Request& request = std::get<Request>(read);
-  return Response{request.method, answer(request)};
+  const std::optional<Error> instead = intercept ? intercept(request.method) : std::nullopt;
+  return Response{request.method, answer(request, instead)};
 }
 
-std::string Service::answer(const Request& request) {
+std::string Service::answer(const Request& request, const std::optional<Error>& instead) {
   Markup out;
   out.raw("<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n");
   out.open("CIM", {{"CIMVERSION", "2.0"}, {"DTDVERSION", "2.0"}});
   out.open("MESSAGE", {{"ID", request.message_id}, {"PROTOCOLVERSION", "1.0"}});
   out.open("SIMPLERSP");
   if (request.is_intrinsic) {
-    write_intrinsic(out, request, manager_);
+    write_intrinsic(out, request, manager_, instead);
   } else {
-    write_extrinsic(out, request, manager_);
+    write_extrinsic(out, request, manager_, instead);
   }
   out.close("SIMPLERSP");
   out.close("MESSAGE");

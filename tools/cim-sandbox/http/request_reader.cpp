@@ -39,6 +39,16 @@ bool is_header_text(std::string_view text) {
   });
 }
 
+// True when a list of words separated by commas holds that word.
+bool lists(std::string_view list, std::string_view word) {
+  while (!list.empty()) {
+    const std::string_view item = list.substr(0, list.find(','));
+    if (same_name(trimmed(item), word)) return true;
+    list.remove_prefix(std::min(item.size() + 1, list.size()));
+  }
+  return false;
+}
+
 BadRequest malformed(std::string reason) { return {400, std::move(reason)}; }
 
 }  // namespace
@@ -147,8 +157,11 @@ std::optional<BadRequest> RequestReader::read_header(std::string_view line) {
 
 std::optional<BadRequest> RequestReader::read_framing() {
   if (const std::string* connection = request_.header("Connection")) {
-    if (same_name(*connection, "close")) request_.keep_alive = false;
-    if (same_name(*connection, "keep-alive")) request_.keep_alive = true;
+    if (lists(*connection, "close")) {
+      request_.keep_alive = false;
+    } else if (lists(*connection, "keep-alive")) {
+      request_.keep_alive = true;
+    }
   }
   if (const std::string* expect = request_.header("Expect")) {
     if (!same_name(*expect, "100-continue")) return BadRequest{417, "unknown expectation"};

@@ -7,7 +7,7 @@
 namespace sandbox::http {
 
 // The response to an operation, head and body in one text.
-std::string operation_response(std::string_view body);
+std::string operation_response(std::string body);
 
 // The response to wrong credentials, with the two blanks that devices put into its first line.
 std::string unauthorized_response();

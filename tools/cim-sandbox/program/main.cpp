@@ -4,44 +4,23 @@
 
 #include <csignal>
 #include <cstdio>
-#include <filesystem>
+#include <memory>
 
 #include "http/server.h"
-#include "model/generator.h"
+#include "indications/courier.h"
+#include "indications/herald.h"
 #include "model/object_manager.h"
-#include "mof/reader.h"
 #include "program/exchange.h"
-#include "program/model_files.h"
+#include "program/model_loading.h"
 #include "program/options.h"
+#include "record/record.h"
 
 namespace sandbox {
 namespace {
 
-constexpr int failed = 1;
-
-bool complain(const std::string& text) {
+int complain(const std::string& text) {
   std::fprintf(stderr, "cim-sandbox: %s\n", text.c_str());
-  return false;
-}
-
-bool load(const Options& options, Repository& repository) {
-  mof::Reader reader(repository, options.name_space);
-  std::vector<std::string> models = options.models;
-  if (models.empty()) {
-    const auto sample = sample_model();
-    if (!sample) return complain("the sample model is not installed; use --model");
-    models.push_back(sample->string());
-  }
-  for (const std::string& model : models) {
-    if (const auto problem = reader.read_file(model)) return complain(to_text(*problem));
-  }
-  if (const auto problem = reader.finish()) return complain(to_text(*problem));
-  for (const Generation& wanted : options.generations) {
-    const auto done =
-        generate_instances(repository, options.name_space, wanted.class_name, wanted.count);
-    if (!done) return complain("--generate: " + done.error().description);
-  }
-  return true;
+  return 1;
 }
 
 // SIGTERM and SIGINT as a readable descriptor; SIGPIPE has no effect.
@@ -55,23 +34,43 @@ http::Descriptor open_signals() {
   return http::Descriptor(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
 }
 
+// Announces changes of instances to a listener.
+struct Announcements {
+  Announcements(http::EventLoop& loop, const indications::Url& url, const ClassTable& classes)
+      : courier(loop, url, {}, [](const std::string& problem) { complain(problem); }),
+        herald(
+            classes, [this](const std::string& document) { courier.deliver(document); },
+            indications::present_time) {}
+
+  indications::Courier courier;
+  indications::Herald herald;
+};
+
 int serve(const Options& options) {
   Repository repository;
-  if (!load(options, repository)) return failed;
+  if (const auto problem = load_models(options, repository)) return complain(*problem);
   ObjectManager manager(repository);
   cimxml::Service service(manager);
-  Exchange exchange(service, options.credentials, options.verbose);
+  record::Recorder recorder;
+  if (!options.record.empty() && !recorder.open(options.record)) {
+    return complain("--record: cannot write " + options.record);
+  }
+  Exchange exchange(service, {options.credentials, options.faults, options.verbose},
+                    options.record.empty() ? nullptr : &recorder);
 
   const http::Descriptor signals = open_signals();
   http::EventLoop loop;
   loop.watch(signals.get(), POLLIN, [&loop](short) { loop.stop(); });
+  std::unique_ptr<Announcements> announcements;
+  if (options.indicate) {
+    announcements = std::make_unique<Announcements>(loop, *options.indicate,
+                                                    repository.open(options.name_space).classes);
+    manager.set_listener(&announcements->herald);
+  }
   http::Server server(
       loop, [&exchange](const http::Request& request) { return exchange.answer(request); },
       {options.address, options.port, options.connections, {}});
-  if (const auto problem = server.start()) {
-    complain(*problem);
-    return failed;
-  }
+  if (const auto problem = server.start()) return complain(*problem);
   std::printf("listening on %s:%u\n", options.address.c_str(), unsigned{server.port()});
   std::fflush(stdout);
   loop.run();

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <fstream>
+#include <sstream>
 
 namespace sandbox {
 namespace {
@@ -17,6 +18,13 @@ std::optional<Generation> generation_from(const std::string& text) {
   constexpr std::size_t most = 10'000'000;
   if (read.ec != std::errc() || read.ptr != end || generation.count > most) return std::nullopt;
   return generation;
+}
+
+std::optional<std::string> content_of(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream content;
+  if (!file.is_open() || !(content << file.rdbuf())) return std::nullopt;
+  return std::move(content).str();
 }
 
 // The first line of a file.
@@ -35,32 +43,62 @@ struct Raw {
   std::string password;
   std::string password_file;
   std::vector<std::string> generations;
+  std::vector<std::string> faults;
+  std::string fault_file;
+  std::string indicate;
 };
 
 void describe(CLI::App& app, Options& options, Raw& raw) {
-  app.set_version_flag("--version", CIM_SANDBOX_VERSION);
-  app.add_option("--port", options.port, "TCP port; 0 takes a free one (default 5988)");
-  app.add_option("--address", options.address, "IPv4 address to listen on (default 127.0.0.1)");
-  app.add_option("--connections", options.connections,
-                 "connections served at once; more wait (default 256)")
-      ->check(CLI::Range(1, 10000));
-  app.add_option("--namespace", options.name_space,
-                 "namespace of models that name none (default root/cimv2)");
-  app.add_option("--user", raw.user, "answer 401 to anybody else");
-  app.add_option("--password", raw.password, "the user's password");
-  app.add_option("--password-file", raw.password_file, "a file whose first line is the password")
-      ->excludes("--password");
-  app.add_option("--model", options.models,
-                 "MOF file to serve; may be repeated (default: the sample model)");
-  app.add_option("--generate", raw.generations,
-                 "CLASS=COUNT: add that many synthetic instances; may be repeated");
-  app.add_flag("--verbose", options.verbose, "say each request on standard error");
+  app.set_version_flag("--version", "cim-sandbox " CIM_SANDBOX_VERSION, "print the version");
+  app.set_help_flag("--help,-h", "print this help");
+  const auto add = [&app](const char* name, auto& target, const char* type, const char* text) {
+    return app.add_option(name, target, text)->type_name(type)->allow_extra_args(false);
+  };
+  add("--port", options.port, "NUMBER", "TCP port; 0 takes a free one (default 5988)");
+  add("--address", options.address, "IPV4", "address to listen on (default 127.0.0.1)");
+  add("--connections", options.connections, "NUMBER",
+      "connections served at once, from 1 to 10000; more wait (default 256)")
+      ->check([](const std::string& text) {
+        return CLI::Range(1, 10000)(text).empty() ? "" : "expected a number from 1 to 10000";
+      });
+  add("--namespace", options.name_space, "NAME",
+      "namespace of models that name none (default root/cimv2)");
+  add("--user", raw.user, "NAME", "answer 401 to anybody else");
+  add("--password", raw.password, "TEXT", "the user's password");
+  add("--password-file", raw.password_file, "FILE",
+      "a file whose first line is the password, instead of --password");
+  add("--model", options.models, "FILE",
+      "MOF file to serve, may be repeated (default: the sample model)");
+  add("--generate", raw.generations, "CLASS=COUNT",
+      "add that many synthetic instances, may be repeated");
+  add("--fault", raw.faults, "TEXT",
+      "misbehave on purpose, such as \"every 3 delay 500\", may be repeated");
+  add("--faults", raw.fault_file, "FILE", "a file with one such fault on each line");
+  add("--indicate", raw.indicate, "URL",
+      "report changes of instances to a URL such as http://127.0.0.1:5990/");
+  add("--record", options.record, "FILE", "write every exchange into a file");
+  app.add_flag("--verbose", options.verbose, "tell each request on standard error");
 }
 
 // An empty text when all is well.
+std::string read_faults(faults::Plan& plan, const Raw& raw) {
+  if (!raw.fault_file.empty()) {
+    const auto content = content_of(raw.fault_file);
+    if (!content) return "--faults: cannot read " + raw.fault_file;
+    if (const auto problem = plan.add(raw.fault_file, *content)) return *problem;
+  }
+  for (const std::string& text : raw.faults) {
+    if (const auto problem = plan.add("--fault", text)) return *problem;
+  }
+  return {};
+}
+
 std::string complete(Options& options, const Raw& raw) {
   if (raw.user.empty() && !(raw.password.empty() && raw.password_file.empty())) {
     return "a password needs --user";
+  }
+  if (!raw.password.empty() && !raw.password_file.empty()) {
+    return "--password and --password-file exclude each other";
   }
   if (!raw.user.empty()) options.credentials = http::Credentials{raw.user, raw.password};
   if (!raw.password_file.empty()) {
@@ -73,7 +111,11 @@ std::string complete(Options& options, const Raw& raw) {
     if (!generation) return "--generate: expected CLASS=COUNT, not " + text;
     options.generations.push_back(*generation);
   }
-  return {};
+  if (!raw.indicate.empty()) {
+    options.indicate = indications::url_from(raw.indicate);
+    if (!options.indicate) return "--indicate: expected http://ADDRESS:PORT/PATH";
+  }
+  return read_faults(options.faults, raw);
 }
 
 }  // namespace
@@ -82,7 +124,11 @@ Parsed parse_options(int argument_count, char** arguments) {
   constexpr int usage_status = 2;
   CLI::App app(
       "An object manager to try CIM clients on: it serves the classes and instances of\n"
-      "MOF files over CIM-XML.");
+      "MOF files over CIM-XML.",
+      "cim-sandbox");
+  app.failure_message([](const CLI::App*, const CLI::Error& error) {
+    return std::string("cim-sandbox: ") + error.what() + "\nSee cim-sandbox --help.\n";
+  });
   Options options;
   Raw raw;
   describe(app, options, raw);

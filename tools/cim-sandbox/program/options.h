@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "faults/fault.h"
 #include "http/credentials.h"
+#include "indications/url.h"
 
 namespace sandbox {
 
@@ -25,6 +27,9 @@ struct Options {
   std::optional<http::Credentials> credentials;
   std::vector<std::string> models;  // empty: the sample model
   std::vector<Generation> generations;
+  faults::Plan faults;
+  std::string record;                        // a file's name; empty: nothing is recorded
+  std::optional<indications::Url> indicate;  // where indications go
   bool verbose = false;
 };
 
