@@ -147,7 +147,7 @@ namespace detail {
 // Stands for any initialiser, so that an aggregate's members can be counted.
 struct Anything {
   template <class T>
-  operator T() const;
+  operator T() const;  // NOLINT: stands for any initialiser, without a cast
 };
 
 template <class R, class... Initialisers>

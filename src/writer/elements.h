@@ -101,10 +101,10 @@ template <Record R>
 [[gnu::always_inline]] inline char* write_piece(Text& out, char* end, R* list) {
   if (!list) return end;
   if constexpr (trace_lines<R>.before) trace_line(trace_lines<R>.before);
-  out.set_end(end);
+  out.set_position(end);
   for (; list; list = next_of(list)) write_element(out, *list);
   if constexpr (trace_lines<R>.after) trace_line(trace_lines<R>.after);
-  return out.end();
+  return out.position();
 }
 
 // opener, the list and closer; nothing for null.

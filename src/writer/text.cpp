@@ -38,7 +38,7 @@ char* Text::grow(char* end, std::size_t count) {
 }
 
 char* Text::hand_over() {
-  if (!bytes_) end_ = grow(nullptr, 0);
+  if (!bytes_) end_ = grow(end_, 0);
   if (end_) *end_ = '\0';
   char* bytes = bytes_;
   bytes_ = end_ = limit_ = nullptr;

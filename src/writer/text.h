@@ -56,8 +56,8 @@ class Text {
     return count <= static_cast<std::size_t>(limit_ - end) ? end : grow(end, count);
   }
 
-  char* end() const { return end_; }
-  void set_end(char* end) { end_ = end; }
+  char* position() const { return end_; }
+  void set_position(char* end) { end_ = end; }
 
  private:
   char* grow(char* end, std::size_t count);

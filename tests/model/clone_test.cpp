@@ -25,12 +25,14 @@ constexpr CloneText whole_texts[] = {Clone_CIMName, Clone_CIMType,   Clone_Host,
                                      Clone_PCData,  Clone_ValueType, Clone_ParamType};
 constexpr CloneText first_characters[] = {Clone_ClassOrigin, Clone_ReferenceClass};
 
-#define FOR_EVERY_CLONED_RECORD(DO)                                                               \
-  DO(QualifierFlavor)                                                                             \
-  DO(ClassName) DO(Namespace) DO(LocalNamespacePath) DO(NamespacePath) DO(ClassPath)              \
-      DO(LocalClassPath) DO(InstancePath) DO(LocalInstancePath) DO(KeyValue) DO(KeyBinding)       \
-          DO(InstanceName) DO(ValueReference) DO(Value) DO(ValueArray) DO(Qualifier) DO(Property) \
-              DO(PropertyArray) DO(PropertyReference) DO(Instance) DO(NamedInstance)
+// clang-format off
+#define FOR_EVERY_CLONED_RECORD(DO)                                                        \
+  DO(QualifierFlavor) DO(ClassName) DO(Namespace) DO(LocalNamespacePath) DO(NamespacePath) \
+  DO(ClassPath) DO(LocalClassPath) DO(InstancePath) DO(LocalInstancePath) DO(KeyValue)     \
+  DO(KeyBinding) DO(InstanceName) DO(ValueReference) DO(Value) DO(ValueArray)              \
+  DO(Qualifier) DO(Property) DO(PropertyArray) DO(PropertyReference) DO(Instance)          \
+  DO(NamedInstance)
+// clang-format on
 
 // ---- Texts ----
 

@@ -18,23 +18,42 @@ TEST(Records, there_is_one_description_for_each_record) {
   FOR_EVERY_RECORD(IS_DESCRIBED)
 }
 
+struct CollectElements {
+  std::set<std::string>& names;
+
+  template <class R>
+  void operator()() const {
+    names.insert(cim::describe<R>.element);
+  }
+};
+
 TEST(Records, every_element_has_a_name_of_its_own) {
   std::set<std::string> names;
-  cim::Records::for_each([&]<class R>() { names.insert(cim::describe<R>.element); });
+  cim::Records::for_each(CollectElements{names});
   EXPECT_EQ(names.size(), cim::Records::size);
 }
 
-// "RECORD.ATTRIBUTE" or, for a field without attribute, "RECORD" for every field that `departs`.
+// Collects "RECORD.ATTRIBUTE", or "RECORD" for a field without attribute, for every field that
+// `departs`.
 template <class Departs>
-std::multiset<std::string> departures(Departs departs) {
-  std::multiset<std::string> found;
-  cim::Records::for_each([&]<class R>() {
+struct CollectDepartures {
+  Departs departs;
+  std::multiset<std::string>& found;
+
+  template <class R>
+  void operator()() const {
     cim::for_each_field<R>([&](const auto& field) {
       if (!departs(field)) return;
       const std::string element = cim::describe<R>.element;
       found.insert(field.attribute ? element + '.' + field.attribute : element);
     });
-  });
+  }
+};
+
+template <class Departs>
+std::multiset<std::string> departures(Departs departs) {
+  std::multiset<std::string> found;
+  cim::Records::for_each(CollectDepartures<Departs>{departs, found});
   return found;
 }
 

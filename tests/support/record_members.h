@@ -17,7 +17,7 @@ namespace detail {
 
 struct Anything {
   template <class T>
-  operator T() const;
+  operator T() const;  // NOLINT: stands for any initialiser, without a cast
 };
 
 template <class R, class... Initialisers>
