@@ -1,0 +1,121 @@
+// Keys of records as keys of broker paths.
+#include <gtest/gtest.h>
+
+#include "clientapi/local_records.h"
+#include "support/scripted_broker.h"
+
+namespace {
+
+using namespace support;
+using sandbox_local::CIMCEnv;
+using sandbox_local::CIMCObjectPath;
+
+// An environment and a path to add keys to.
+struct Target {
+  CIMCEnv* env = static_cast<CIMCEnv*>(getCIMCEnv("SfcbLocal", 0, &code, &message));
+  CIMCObjectPath* path = env->ft->newObjectPath(env, "root/cimv2", "CIM_Fan", nullptr);
+  int code = -1;
+  char* message = nullptr;
+
+  Target() = default;
+  Target(const Target&) = delete;
+  Target& operator=(const Target&) = delete;
+  ~Target() {
+    path->ft->release(path);
+    env->ft->release(env);
+  }
+
+  int add(const KeyBinding* keys) { return CIMC_AddKeyValues(keys, path, "root/cimv2", env); }
+  std::string text() const { return describe(sandbox_local::self(path)); }
+};
+
+KeyBinding* reference_key(const char* name) {
+  KeyBinding* keys = nullptr;
+  KeyBinding* referenced = nullptr;
+  AddToKeyBindingListRef(&referenced, "Tag", "chassis1", "string", nullptr);
+  AddToKeyBindingList(&keys, name, nullptr, nullptr, "CIM_Chassis", "root/cimv2", referenced);
+  return keys;
+}
+
+TEST(LocalKeys, texts_go_as_characters) {
+  ScriptedBroker broker;
+  Target target;
+  const Named name("CIM_Fan", {{"A", "1"}, {"B", "TRUE"}});
+  EXPECT_EQ(target.add(name.get->keyBindings), 0);
+  EXPECT_EQ(target.text(), "root/cimv2:CIM_Fan.A=\"1\",B=\"TRUE\"");
+}
+
+TEST(LocalKeys, a_reference_is_carried_over_to_the_plain_key_after_it) {
+  ScriptedBroker broker;
+  Target target;
+  KeyBinding* keys = reference_key("A");
+  AddToKeyBindingListRef(&keys, "B", "text", "string", nullptr);
+  EXPECT_EQ(target.add(keys), 0);
+  EXPECT_EQ(target.text(),
+            "root/cimv2:CIM_Fan.A=reference root/cimv2:CIM_Chassis.Tag=\"chassis1\","
+            "B=reference root/cimv2:CIM_Chassis.Tag=\"chassis1\"");
+  Free_KeyBinding(keys);
+}
+
+TEST(LocalKeys, a_key_without_name_fails_and_one_without_value_is_passed_over) {
+  ScriptedBroker broker;
+  Target target;
+  KeyBinding empty{};
+  EXPECT_EQ(target.add(&empty), -1);
+  char name[] = "A";
+  KeyBinding without_value{nullptr, nullptr, name, nullptr};
+  EXPECT_EQ(target.add(&without_value), 0);
+  EXPECT_EQ(target.text(), "root/cimv2:CIM_Fan");
+}
+
+TEST(LocalKeys, a_reference_with_an_incomplete_key_adds_nothing) {
+  ScriptedBroker broker;
+  Target target;
+  KeyBinding* keys = reference_key("A");
+  KeyBinding* inner = keys->valueReference->localInstancePath->instanceName->keyBindings;
+  Free_KeyValue(inner->keyValue);
+  inner->keyValue = nullptr;
+  EXPECT_EQ(target.add(keys), -1);
+  EXPECT_EQ(target.text(), "root/cimv2:CIM_Fan");
+  Free_KeyBinding(keys);
+}
+
+TEST(LocalKeys, no_keys_are_no_failure_and_no_path_is) {
+  ScriptedBroker broker;
+  Target target;
+  EXPECT_EQ(target.add(nullptr), 0);
+  EXPECT_EQ(CIMC_AddKeyValues(nullptr, nullptr, "root/cimv2", target.env), -1);
+  EXPECT_EQ(CIMC_AddKeyValues(nullptr, target.path, nullptr, target.env), -1);
+}
+
+TEST(LocalKeys, a_key_that_cannot_be_added_stops_the_operation) {
+  ScriptedBroker broker;
+  const LocalHandle handle;
+  const Named name("CIM_Fan");
+  Free_CIMName(name.get->keyBindings->name);
+  name.get->keyBindings->name = nullptr;
+  Error* error = nullptr;
+  EXPECT_EQ(GetInstance(handle.get, name.get, 0, 0, 0, nullptr, &error), nullptr);
+  for (const std::string& call : broker.calls()) EXPECT_EQ(call.find("getInstance"), call.npos);
+}
+
+TEST(LocalKeys, a_reference_among_the_keys_of_a_path_comes_back_with_class_and_keys) {
+  ScriptedBroker broker;
+  sandbox_local::Path path("root/cimv2", "CIM_SystemDevice");
+  sandbox_local::Path chassis("root/cimv2", "CIM_Chassis");
+  sandbox_local::member(chassis.keys, "Tag") = sandbox_local::text("chassis1");
+  sandbox_local::member(path.keys, "GroupComponent") = sandbox_local::reference(chassis);
+  sandbox_local::member(path.keys, "Number") = uint32(5);
+  KeyBinding* keys = nullptr;
+  EXPECT_EQ(GetKeyBindingValues(static_cast<CIMCObjectPath*>(&path), &keys), 0);
+  EXPECT_EQ(taken(keys, Gen_KeyBinding, Free_KeyBinding),
+            "<KEYBINDING NAME=\"GroupComponent\"><VALUE.REFERENCE><LOCALINSTANCEPATH>"
+            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root\"/><NAMESPACE NAME=\"cimv2\"/>"
+            "</LOCALNAMESPACEPATH><INSTANCENAME CLASSNAME=\"CIM_Chassis\">"
+            "<KEYBINDING NAME=\"Tag\"><KEYVALUE VALUETYPE = \"string\">chassis1</KEYVALUE>"
+            "</KEYBINDING></INSTANCENAME></LOCALINSTANCEPATH></VALUE.REFERENCE></KEYBINDING>"
+            "<KEYBINDING NAME=\"Number\"><KEYVALUE VALUETYPE = \"uint32\">5</KEYVALUE>"
+            "</KEYBINDING>");
+}
+
+}  // namespace

@@ -1,0 +1,113 @@
+// Broker instances as records: what is kept, what is left out, what it is called.
+#include <gtest/gtest.h>
+
+#include "clientapi/local_records.h"
+#include "support/scripted_broker.h"
+
+namespace {
+
+using namespace support;
+using sandbox_local::CIMCValue;
+namespace code = sandbox_local::code;
+
+// The record of an instance with these properties.
+Instance* mapped(std::initializer_list<sandbox_local::Member> properties) {
+  sandbox_local::InstanceObject object = fan(properties);
+  Instance* record = nullptr;
+  EXPECT_EQ(util_GetInstanceValues(static_cast<sandbox_local::CIMCInstance*>(&object), &record), 0);
+  return record;
+}
+
+sandbox_local::Datum array_of(sandbox_local::CIMCType element,
+                              std::vector<sandbox_local::Datum> elements) {
+  sandbox_local::ArrayObject array(0, element);
+  array.elements = std::move(elements);
+  return sandbox_local::array(array);
+}
+
+TEST(LocalResults, a_null_property_is_left_out) {
+  ScriptedBroker broker;
+  Instance* record = mapped({{"Null", sandbox_local::null_of(code::string)},
+                             {"NullArray", sandbox_local::null_of(code::string | code::array)},
+                             {"NullReference", sandbox_local::null_of(code::reference)},
+                             {"Speed", uint32(7)}});
+  ASSERT_NE(record, nullptr);
+  EXPECT_STREQ(record->properties->name, "Speed");
+  EXPECT_EQ(record->properties->next, nullptr);
+  EXPECT_EQ(record->propertyArrays, nullptr);
+  EXPECT_EQ(record->propertyReferences, nullptr);
+  Free_Instance(record);
+}
+
+TEST(LocalResults, a_value_of_no_known_type_has_no_text_and_an_empty_type_name) {
+  ScriptedBroker broker;
+  Instance* record = mapped({{"C", number(code::char16, &CIMCValue::char16, std::uint16_t{65})}});
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(record->properties->value, nullptr);
+  EXPECT_STREQ(record->properties->type, "");
+  Free_Instance(record);
+}
+
+TEST(LocalResults, most_array_types_have_no_name) {
+  ScriptedBroker broker;
+  Instance* record = mapped({{"U16", array_of(code::uint16, {uint16(1), uint16(2)})},
+                             {"U32", array_of(code::uint32, {uint32(3)})},
+                             {"S", array_of(code::string, {sandbox_local::text("a")})}});
+  ASSERT_NE(record, nullptr);
+  const PropertyArray* array = record->propertyArrays;
+  EXPECT_STREQ(array->type, "uint16");
+  EXPECT_STREQ(array->valueArray->values->text, "1");
+  EXPECT_STREQ(array->valueArray->values->next->text, "2");
+  EXPECT_STREQ(array->next->type, "");
+  EXPECT_STREQ(array->next->valueArray->values->text, "3");
+  EXPECT_STREQ(array->next->next->type, "string");
+  Free_Instance(record);
+}
+
+TEST(LocalResults, arrays_of_booleans_give_no_values) {
+  ScriptedBroker broker;
+  Instance* record =
+      mapped({{"B", array_of(code::boolean, {number(code::boolean, &CIMCValue::boolean,
+                                                    sandbox_local::CIMCBoolean{1})})}});
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(record->propertyArrays->valueArray->values, nullptr);
+  Free_Instance(record);
+}
+
+TEST(LocalResults, an_element_of_another_kind_than_its_array_is_not_followed) {
+  ScriptedBroker broker;
+  Instance* record = mapped({{"S", array_of(code::string, {sandbox_local::instance(fan())})}});
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(record->propertyArrays->valueArray->values->text, nullptr);
+  Free_Instance(record);
+}
+
+TEST(LocalResults, a_reference_keeps_the_whole_namespace_in_one_segment) {
+  ScriptedBroker broker;
+  Instance* record = mapped({{"Antecedent", sandbox_local::reference(fan_path())}});
+  ASSERT_NE(record, nullptr);
+  const PropertyReference* reference = record->propertyReferences;
+  EXPECT_STREQ(reference->name, "Antecedent");
+  EXPECT_STREQ(reference->referenceClass, "CIM_Fan");
+  const LocalInstancePath* path = reference->valueReference->localInstancePath;
+  EXPECT_STREQ(path->localNamespacePath->namespaces->name, "root/cimv2");
+  EXPECT_EQ(path->localNamespacePath->namespaces->next, nullptr);
+  EXPECT_STREQ(path->instanceName->keyBindings->keyValue->text, "fan1");
+  Free_Instance(record);
+}
+
+TEST(LocalResults, ten_thousand_instances_keep_their_order) {
+  ScriptedBroker broker;
+  broker.script.elements.emplace();
+  for (std::uint32_t i = 0; i < 10000; ++i)
+    broker.script.elements->push_back(sandbox_local::instance(fan({{"Number", uint32(i)}})));
+  NamedInstance* result = nullptr;
+  EXPECT_EQ(CIMC_EnumInstances(&result, "CIM_Fan", "", "u", "p", 0, nullptr, "root/cimv2"), 0);
+  std::uint32_t count = 0;
+  for (const NamedInstance* n = result; n; n = n->next, ++count)
+    ASSERT_EQ(n->instance->properties->value->text, std::to_string(count));
+  EXPECT_EQ(count, 10000U);
+  Free_NamedInstance(result);
+}
+
+}  // namespace
