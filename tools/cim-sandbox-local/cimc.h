@@ -2,6 +2,7 @@
  *
  * It is declared here once more, apart from the client library's own declaration: a test holds
  * the two against each other, and both against an installed cimc/cimc.h where there is one. */
+/* clang-format off: C pointers, in a folder of C++ */
 #ifndef CIM_SANDBOX_LOCAL_CIMC_H
 #define CIM_SANDBOX_LOCAL_CIMC_H
 
