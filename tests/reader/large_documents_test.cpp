@@ -179,12 +179,6 @@ TEST_F(LargeDocuments, a_million_levels_of_known_elements) {
   EXPECT_EQ(depth(returned(tree).instanceName), 4092);
 }
 
-TEST_F(LargeDocuments, a_million_levels_of_one_element) {
-  const Tree tree =
-      read(document(repeated(1'000'000, "<CLASS>") + repeated(1'000'000, "</CLASS>")));
-  EXPECT_STREQ(tree->cimVersion, "2.0");
-}
-
 // Each CLASS keeps its name on the way down.  On the way up each QUALIFIER takes the nearest one's;
 // when the 4095 of the stack are used up, the root goes, too.
 TEST_F(LargeDocuments, a_million_levels_with_siblings_that_keep_the_names) {

@@ -166,6 +166,12 @@ TEST_F(Walk, the_root_is_set_by_the_last_child_of_cim) {
   EXPECT_TRUE(read(R"(<CIM CIMVERSION="2.0">text<MESSAGE/></CIM>)"));
 }
 
+TEST_F(Walk, an_element_named_as_the_root_in_any_case_takes_no_name) {
+  support::CapturedOutput output(stdout);
+  EXPECT_FALSE(parseXML(R"(<CIM CIMVERSION="2.0"><cim/></CIM>)"));
+  EXPECT_STREQ(map[0].name, "CIM");
+}
+
 TEST_F(Walk, cim_is_on_the_stack_without_children) {
   parseXML(R"(<CIM CIMVERSION="2.0"/>)");
   EXPECT_EQ(top, 0);
