@@ -6,7 +6,7 @@
 namespace operations_test {
 namespace {
 
-std::string document(const std::string& response) {
+std::string in_envelope(const std::string& response) {
   return "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n"
          "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">\n"
          "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\">\n"
@@ -20,23 +20,24 @@ std::string document(const std::string& response) {
 }  // namespace
 
 std::string operation_answer(const std::string& name, const std::string& content) {
-  return document("<IMETHODRESPONSE NAME=\"" + name + "\">\n" + content + "</IMETHODRESPONSE>\n");
+  return in_envelope("<IMETHODRESPONSE NAME=\"" + name + "\">\n" + content +
+                     "</IMETHODRESPONSE>\n");
 }
 
 std::string method_answer(const std::string& name, const std::string& content) {
-  return document("<METHODRESPONSE NAME=\"" + name + "\">\n" + content + "</METHODRESPONSE>\n");
+  return in_envelope("<METHODRESPONSE NAME=\"" + name + "\">\n" + content + "</METHODRESPONSE>\n");
 }
 
-std::string http_answer(const std::string& body) {
+std::string http_answer(const std::string& document) {
   return "HTTP/1.1 200 OK\r\n"
          "Content-Type: application/xml; charset=\"utf-8\"\r\n"
          "Content-Length: " +
-         std::to_string(body.size()) +
+         std::to_string(document.size()) +
          "\r\n"
          "Cache-Control: no-cache\r\n"
          "CIMOperation: MethodResponse\r\n"
          "\r\n" +
-         body;
+         document;
 }
 
 std::string http_refusal() {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <vector>
 
 #include "operations/canned_exchange.h"
 #include "operations/every_operation.h"
@@ -66,6 +67,15 @@ TEST_P(Repetition, of_refusals_leaves_no_memory_behind) {
   EXPECT_EQ(growth(handle(), 401, nullptr), 0);
 }
 
+TEST_P(Repetition, of_refusals_without_an_error_slot_leaves_no_memory_behind) {
+  const CannedExchange refusal(401, nullptr);
+  Handle asked = handle();
+  GetParam().call(&asked, nullptr);
+  const long before = support::living_blocks();
+  for (int repetition = 0; repetition < repetitions; ++repetition) GetParam().call(&asked, nullptr);
+  EXPECT_EQ(support::living_blocks(), before);
+}
+
 TEST_P(Repetition, of_failures_leaves_no_memory_behind) {
   EXPECT_EQ(growth(handle(), -1, nullptr), 0);
 }
@@ -75,7 +85,11 @@ TEST_P(Repetition, of_failures_with_a_body_leaves_no_memory_behind) {
   EXPECT_EQ(growth(-1, GetParam().answer), 0);
 }
 
-TEST_P(Repetition, of_several_responses_leaves_no_memory_behind) {
+// ---- Answers of other shapes ----
+
+using RepetitionOfShapes = Repetition;
+
+TEST_P(RepetitionOfShapes, of_several_responses_leaves_no_memory_behind) {
   EXPECT_EQ(growth(0,
                    "<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\"><MESSAGE ID=\"1\"><MULTIRSP>"
                    "<SIMPLERSP><IMETHODRESPONSE NAME=\"GetClass\"><IRETURNVALUE>"
@@ -85,7 +99,7 @@ TEST_P(Repetition, of_several_responses_leaves_no_memory_behind) {
             0);
 }
 
-TEST_P(Repetition, of_requests_that_come_back_leaves_no_memory_behind) {
+TEST_P(RepetitionOfShapes, of_requests_that_come_back_leaves_no_memory_behind) {
   EXPECT_EQ(growth(0,
                    "<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\"><MESSAGE ID=\"1\"><SIMPLEREQ>"
                    "<IMETHODCALL NAME=\"GetClass\"><IPARAMVALUE NAME=\"ClassName\">"
@@ -94,7 +108,7 @@ TEST_P(Repetition, of_requests_that_come_back_leaves_no_memory_behind) {
             0);
 }
 
-TEST_P(Repetition, of_answers_of_the_wrong_kind_leaves_no_memory_behind) {
+TEST_P(RepetitionOfShapes, of_answers_of_the_wrong_kind_leaves_no_memory_behind) {
   EXPECT_EQ(growth(0, method_answer("SetSpeed",
                                     "<ERROR CODE=\"1\" DESCRIPTION=\"x\"/>"
                                     "<RETURNVALUE><VALUE>1</VALUE></RETURNVALUE>"
@@ -108,22 +122,35 @@ TEST_P(Repetition, of_answers_of_the_wrong_kind_leaves_no_memory_behind) {
             0);
 }
 
-TEST_P(Repetition, of_documents_without_message_leaves_no_memory_behind) {
+TEST_P(RepetitionOfShapes, of_documents_without_message_leaves_no_memory_behind) {
   EXPECT_EQ(growth(0, "<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\"></CIM>"), 0);
 }
 
-TEST_P(Repetition, of_other_documents_leaves_no_memory_behind) {
+TEST_P(RepetitionOfShapes, of_other_documents_leaves_no_memory_behind) {
   const support::CapturedOutput output(stdout);
   EXPECT_EQ(growth(0, "<?xml version=\"1.0\"?><HTML><BODY/></HTML>"), 0);
   EXPECT_EQ(growth(0, "<?xml version=\"1.0\"?><INSTANCE CLASSNAME=\"CIM_Fan\"></INSTANCE>"), 0);
 }
 
-TEST_P(Repetition, of_documents_that_are_not_well_formed_leaves_no_memory_behind) {
+TEST_P(RepetitionOfShapes, of_documents_that_are_not_well_formed_leaves_no_memory_behind) {
   const support::CapturedOutput output(stdout);
   EXPECT_EQ(growth(0, "<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\"><MESSAGE ID=\"1\">"), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryOperation, Repetition, testing::ValuesIn(every_operation()),
+                         [](const auto& operation) { return operation.param.name; });
+
+// One operation for each way to read an answer.
+std::vector<Operation> reading_operations() {
+  std::vector<Operation> operations = every_operation();
+  std::erase_if(operations, [](const Operation& operation) {
+    return operation.name != "GetClass" && operation.name != "DeleteInstance" &&
+           operation.name != "invokeMethod";
+  });
+  return operations;
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryReading, RepetitionOfShapes, testing::ValuesIn(reading_operations()),
                          [](const auto& operation) { return operation.param.name; });
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "operations/records.h"
+#include "support/allocations.h"
 
 namespace operations_test {
 namespace {
@@ -14,11 +15,28 @@ R* make() {
   return static_cast<R*>(std::calloc(1, sizeof(R)));
 }
 
+// Expects that the test leaves as many blocks as it found.
+class Skeleton : public testing::Test {
+ protected:
+  // The reader keeps some memory from its first document on.
+  static void SetUpTestSuite() {
+    Free_CIM(parseXML("<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\"><MESSAGE ID=\"1\"/></CIM>"));
+  }
+
+  void TearDown() override { EXPECT_EQ(support::living_blocks(), before_); }
+
+ private:
+  const long before_ = support::living_blocks();
+};
+
+using FreeIParamValueNew = Skeleton;
+using FreeHeader = Skeleton;
+
 // ---- Free_IParamValue_New ----
 
-TEST(FreeIParamValueNew, null_gives_0) { EXPECT_EQ(Free_IParamValue_New(nullptr), 0); }
+TEST_F(FreeIParamValueNew, null_gives_0) { EXPECT_EQ(Free_IParamValue_New(nullptr), 0); }
 
-TEST(FreeIParamValueNew, releases_nodes_names_and_values_and_nothing_else) {
+TEST_F(FreeIParamValueNew, releases_nodes_names_and_values_and_nothing_else) {
   const auto name = class_name("CIM_Fan");
   const auto instance = instance_name("CIM_Fan", "left");
   ValueArray array{};
@@ -37,7 +55,7 @@ TEST(FreeIParamValueNew, releases_nodes_names_and_values_and_nothing_else) {
   EXPECT_STREQ(instance->keyBindings->keyValue->text, "left");
 }
 
-TEST(FreeIParamValueNew, leaves_what_hangs_on_a_value) {
+TEST_F(FreeIParamValueNew, leaves_what_hangs_on_a_value) {
   Value next{};
   const auto embedded = instance("CIM_Fan", "100");
   auto* parameter = make<IParamValue>();
@@ -68,16 +86,16 @@ LocalNamespacePath* make_namespace_path() {
   return path;
 }
 
-TEST(FreeHeader, null_gives_null) { EXPECT_EQ(Free_Header(nullptr), nullptr); }
+TEST_F(FreeHeader, null_gives_null) { EXPECT_EQ(Free_Header(nullptr), nullptr); }
 
-TEST(FreeHeader, an_empty_root_is_released) { EXPECT_EQ(Free_Header(make<CIM>()), nullptr); }
+TEST_F(FreeHeader, an_empty_root_is_released) { EXPECT_EQ(Free_Header(make<CIM>()), nullptr); }
 
-TEST(FreeHeader, an_empty_message_is_released) {
+TEST_F(FreeHeader, an_empty_message_is_released) {
   CIM* root = make_root();
   EXPECT_EQ(Free_Header(root), nullptr);
 }
 
-TEST(FreeHeader, leaves_what_an_operation_returned_and_its_error) {
+TEST_F(FreeHeader, leaves_what_an_operation_returned_and_its_error) {
   const auto names = class_name("CIM_Fan");
   const OwnedError error(make<Error>());
   error->code = strdup("6");
@@ -93,7 +111,7 @@ TEST(FreeHeader, leaves_what_an_operation_returned_and_its_error) {
   EXPECT_STREQ(error->code, "6");
 }
 
-TEST(FreeHeader, leaves_what_a_method_returned_and_its_error) {
+TEST_F(FreeHeader, leaves_what_a_method_returned_and_its_error) {
   const auto out = param_value("Reached", "90");
   const OwnedError error(make<Error>());
   Value value{};
@@ -111,7 +129,7 @@ TEST(FreeHeader, leaves_what_a_method_returned_and_its_error) {
   EXPECT_STREQ(out->name, "Reached");
 }
 
-TEST(FreeHeader, releases_a_request_but_for_its_parameters) {
+TEST_F(FreeHeader, releases_a_request_but_for_its_parameters) {
   auto* parameters = make<IParamValue>();
   parameters->name = strdup("LocalOnly");
   ResponseDestination destination{};
@@ -127,7 +145,7 @@ TEST(FreeHeader, releases_a_request_but_for_its_parameters) {
   Free_IParamValue_New(parameters);
 }
 
-TEST(FreeHeader, releases_a_method_call_but_for_its_instance_and_parameters) {
+TEST_F(FreeHeader, releases_a_method_call_but_for_its_instance_and_parameters) {
   const auto name = instance_name("CIM_Fan", "left");
   const auto in = param_value("Wanted", "100");
   CIM* root = make_root();
@@ -143,7 +161,7 @@ TEST(FreeHeader, releases_a_method_call_but_for_its_instance_and_parameters) {
   EXPECT_STREQ(in->name, "Wanted");
 }
 
-TEST(FreeHeader, releases_a_method_call_but_for_its_class) {
+TEST_F(FreeHeader, releases_a_method_call_but_for_its_class) {
   const auto name = class_name("CIM_Fan");
   CIM* root = make_root();
   auto* request = root->message->simpleReq = make<SimpleReq>();
@@ -155,7 +173,7 @@ TEST(FreeHeader, releases_a_method_call_but_for_its_class) {
   EXPECT_STREQ(name->name, "CIM_Fan");
 }
 
-TEST(FreeHeader, leaves_messages_of_other_shapes) {
+TEST_F(FreeHeader, leaves_messages_of_other_shapes) {
   MultiRsp responses{};
   MultiReq requests{};
   SimpleExpReq indication{};
@@ -168,7 +186,7 @@ TEST(FreeHeader, leaves_messages_of_other_shapes) {
   EXPECT_EQ(Free_Header(root), nullptr);
 }
 
-TEST(FreeHeader, a_parsed_answer_goes_but_for_what_was_taken_out_of_it) {
+TEST_F(FreeHeader, a_parsed_answer_goes_but_for_what_was_taken_out_of_it) {
   CIM* root = parseXML(
       "<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
       "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLERSP>"
@@ -182,7 +200,7 @@ TEST(FreeHeader, a_parsed_answer_goes_but_for_what_was_taken_out_of_it) {
   EXPECT_STREQ(taken->next->name, "CIM_Pump");
 }
 
-TEST(FreeHeader, the_released_tree_is_not_handed_out_again) {
+TEST_F(FreeHeader, the_released_tree_is_not_handed_out_again) {
   CIM* root = parseXML("<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\"><MESSAGE ID=\"1\"/></CIM>");
   ASSERT_NE(root, nullptr);
   EXPECT_EQ(returnAddress, root);
@@ -190,7 +208,7 @@ TEST(FreeHeader, the_released_tree_is_not_handed_out_again) {
   EXPECT_EQ(returnAddress, nullptr);
 }
 
-TEST(FreeHeader, another_tree_stays_the_last_one_read) {
+TEST_F(FreeHeader, another_tree_stays_the_last_one_read) {
   CIM* root = parseXML("<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\"><MESSAGE ID=\"1\"/></CIM>");
   ASSERT_NE(root, nullptr);
   Free_Header(make_root());
