@@ -14,7 +14,7 @@ std::optional<Url> url_from(std::string_view text) {
   const std::string_view authority = text.substr(0, text.find('/'));
   Url url{std::string(authority.substr(0, authority.find(':'))), 80,
           std::string(text.substr(authority.size()))};
-  if (url.path.empty()) url.path = "/";
+  if (url.path.empty()) url.path += '/';
   if (url.path.find_first_of(" \t\r\n") != std::string::npos) return std::nullopt;
   if (url.address == "localhost") url.address = "127.0.0.1";
   in_addr address{};
