@@ -1304,7 +1304,7 @@ CIM_API int Gen_DeclGroupWithPath(DeclGroupWithPath *record, char **output);
  * @param buffer         zero-filled, or a text to continue
  * @param bufferSize     bytes at @p buffer
  * @param user           user name; null is the empty name
- * @param password       password, or null
+ * @param password       password, or null. User, colon and password are cut at 12270 bytes
  * @return the length of the text in @p buffer afterwards; 0 when it is null
  */
 CIM_API int CIMC_CreateStdHttpHeaders(const char *host, int contentLength, char *buffer,
@@ -1325,7 +1325,7 @@ CIM_API void Encode64(char *out, const char *in, int outSize);
  * @param out      receives them; at least 15 bytes
  * @param in       base64 text; ends at "=" or its terminator
  * @param outSize  bytes at @p out
- * @return 0; -1 when @p outSize is too small: @p out then holds "String too big"
+ * @return 0; -1 when @p out is null or @p outSize too small: it then holds "String too big"
  */
 CIM_API int Decode64(char *out, const char *in, int outSize);
 
@@ -1338,14 +1338,19 @@ CIM_API int Decode64(char *out, const char *in, int outSize);
 CIM_API int CIMC_TcpConnect(const char *host, uint32_t port);
 
 /**
- * Sends one request and receives its answer, on a connection of its own.
+ * Sends one request and receives its answer, on a connection of its own. The socket is
+ * closed and no SIGPIPE is raised, whatever happens.
  *
  * The head of the answer and the beginning of its body must arrive in the first read, as
- * object managers send them; a peer that stays silent is waited for without limit.
+ * object managers send them; a peer that stays silent is waited for without limit. Bodies of
+ * up to 512 and of exactly 2048 bytes are taken from the first read, of at most 2047 bytes,
+ * alone. A connection that ends early gives the body as far as it came, and a line on
+ * standard error.
  *
  * @param request   CIM-XML text
- * @param bodyOut   receives the answer from "<?xml" on, which the caller frees. After -1
- *                  it may hold an empty text, which the caller frees, too
+ * @param bodyOut   receives the answer from "<?xml" on, at most as many bytes as its
+ *                  Content-Length says, which the caller frees. After -1 it may hold an
+ *                  empty text, which the caller frees, too
  * @param host      dotted-decimal IPv4 address
  * @param port      TCP port
  * @param user      user name
@@ -1353,7 +1358,8 @@ CIM_API int CIMC_TcpConnect(const char *host, uint32_t port);
  * @param timeout   milliseconds. Without effect: the system refuses the option as it is
  *                  set, and reads wait without limit
  * @return 0; 401 when user or password were refused (@p *bodyOut is untouched); -1 for
- *         every other failure
+ *         every other failure, such as a null argument but @p user and @p password, no
+ *         Content-Length or one below 0 or above 1 GiB
  */
 CIM_API int CIMSendRequest(const char *request, char **bodyOut, const char *host, uint32_t port,
                            const char *user, const char *password, uint32_t timeout);
@@ -2200,8 +2206,9 @@ CIM_API ObjectName *CIMC_CreateObjectName(const char *className, const InstanceN
 
 /**
  * Makes a class name.
- * @param name  copied; must not be null
- * @return the class name, to be released with Free_ClassName(); null when memory runs out
+ * @param name  copied
+ * @return the class name, to be released with Free_ClassName(); null when @p name is null or
+ *         memory runs out
  */
 CIM_API ClassName *CIMC_CreateClassName(const char *name);
 
