@@ -1,5 +1,5 @@
 // One exchange with an object manager: a request out, its answer back.
-#include <string.h>  // explicit_bzero
+#include <string.h>  // explicit_bzero, strnlen
 
 #include <algorithm>
 #include <climits>
@@ -135,7 +135,7 @@ int receive(const cim::Socket& socket, char** body_out) {
   if (!body) return -1;
   const char* start = std::strstr(first.text, xml_start);
   if (!start) return -1;
-  std::memcpy(body, start, std::min(std::strlen(start), length));
+  std::memcpy(body, start, strnlen(start, length));
   if (has_more(length)) read_rest(socket, body, length);
   return 0;
 }

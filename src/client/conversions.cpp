@@ -1,5 +1,4 @@
 // The texts of CIM date-times and intervals.
-#include <cstdarg>
 #include <cstdio>
 #include <cstring>
 
@@ -7,15 +6,8 @@
 
 namespace {
 
-// Appends formatted numbers to a text that has room for them.
-[[gnu::format(printf, 2, 3)]] void append(char* text, const char* format, ...) {
-  char piece[160];  // eight numbers of 11 characters at most, and the rest of the form
-  va_list arguments;
-  va_start(arguments, format);
-  std::vsnprintf(piece, sizeof piece, format, arguments);
-  va_end(arguments);
-  std::strcat(text, piece);
-}
+// Bytes that hold either form, whatever its numbers: seven of them, of 11 characters at most.
+constexpr int longest_form = 128;
 
 }  // namespace
 
@@ -23,16 +15,21 @@ extern "C" {
 
 int CIMC_ConvertDateTimeToString(const CIMDateTime* dateTime, char* text) {
   if (!dateTime || !text) return -1;
-  append(text, "%.4d%.2d%.2d%.2d%.2d%.2d.000000", dateTime->year, dateTime->month, dateTime->day,
-         dateTime->hour, dateTime->minute, dateTime->second);
-  append(text, dateTime->utcOffset >= 0 ? "+%.3d" : "%.3d", dateTime->utcOffset);
+  char form[longest_form];
+  // A negative offset brings its own sign.
+  std::snprintf(form, sizeof form, "%.4d%.2d%.2d%.2d%.2d%.2d.000000%s%.3d", dateTime->year,
+                dateTime->month, dateTime->day, dateTime->hour, dateTime->minute, dateTime->second,
+                dateTime->utcOffset >= 0 ? "+" : "", dateTime->utcOffset);
+  std::strcat(text, form);
   return 0;
 }
 
 int CIMC_ConvertIntervalToString(const CIMInterval* interval, char* text) {
   if (!interval || !text) return -1;
-  append(text, "%.8d%.2d%.2d%.2d.000000:000", interval->days, interval->hours, interval->minutes,
-         interval->seconds);
+  char form[longest_form];
+  std::snprintf(form, sizeof form, "%.8d%.2d%.2d%.2d.000000:000", interval->days, interval->hours,
+                interval->minutes, interval->seconds);
+  std::strcat(text, form);
   return 0;
 }
 

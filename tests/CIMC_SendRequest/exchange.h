@@ -31,7 +31,7 @@ std::ostream& operator<<(std::ostream& out, const Outcome& outcome);
 
 Outcome failure();  // -1, and the body pointer untouched
 Outcome refusal();  // 401, and the body pointer untouched
-Outcome success(std::string body);
+Outcome success(std::string text);
 
 // Sends "<?xml a?>" as user "u" with password "p", and 1500 ms.
 Outcome send(std::uint16_t port);

@@ -5,7 +5,6 @@
 #include <sys/socket.h>
 #include <sys/time.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -26,7 +25,6 @@ using exchange::Outcome;
 using exchange::refusal;
 using exchange::send;
 using exchange::success;
-using std::chrono_literals::operator""ms;
 using support::answer;
 using support::Script;
 using support::ScriptedServer;
@@ -35,11 +33,20 @@ using Strings = std::vector<std::string>;
 
 class Exchange : public exchange::Test {};
 
+// What a client gets that the server plays `script` to.
 Outcome after(Script script) {
   ScriptedServer server(std::move(script));
-  const Outcome outcome = send(server.port());
+  Outcome outcome = send(server.port());
   EXPECT_TRUE(server.closed_by_clients());
   return outcome;
+}
+
+// The same when the first read brings `size` bytes of `bytes`, and later ones the rest.
+Outcome after_first_read_of(std::size_t size, const std::string& bytes) {
+  ScriptedServer server(answer(bytes));
+  SystemCalls calls;
+  calls.shorten("recv", size);
+  return send(server.port());
 }
 
 // The request
@@ -149,16 +156,12 @@ TEST_F(Exchange, the_first_read_asks_for_2047_bytes) {
 }
 
 TEST_F(Exchange, a_head_that_arrives_alone_is_a_failure_with_an_empty_body) {
-  EXPECT_EQ(after(Script().read_request().send(head("100")).pause(50ms).send(body(100))),
+  EXPECT_EQ(after_first_read_of(head("100").size(), exchange::answer(100)),
             (Outcome{-1, true, true, ""}));
 }
 
 TEST_F(Exchange, a_head_torn_before_its_length_is_a_failure) {
-  ScriptedServer server(answer(exchange::answer(100)));
-  SystemCalls calls;
-  calls.shorten("recv", head("100").find("-Length"));
-  EXPECT_EQ(send(server.port()), failure());
-  EXPECT_EQ(calls.made("recv").size(), 1u);
+  EXPECT_EQ(after_first_read_of(head("100").find("-Length"), exchange::answer(100)), failure());
 }
 
 TEST_F(Exchange, a_refusal_is_recognised_by_its_text) {
@@ -240,25 +243,14 @@ TEST_F(Exchange, bytes_behind_the_length_are_left) {
 
 TEST_F(Exchange, bodies_of_513_to_2047_bytes_and_above_2048_are_read_to_their_end) {
   for (const std::size_t size : {513u, 514u, 1900u, 2046u, 2047u, 2049u, 2050u, 4096u, 100000u})
-    EXPECT_EQ(after(Script()
-                        .read_request()
-                        .send(head(std::to_string(size)) + body(200))
-                        .pause(20ms)
-                        .send(body(size).substr(200))),
+    EXPECT_EQ(after_first_read_of(head(std::to_string(size)).size() + 200, exchange::answer(size)),
               success(body(size)));
 }
 
 TEST_F(Exchange, bodies_of_up_to_512_and_of_exactly_2048_bytes_end_with_the_first_read) {
-  for (const std::size_t size : {201u, 511u, 512u, 2048u}) {
-    ScriptedServer server(Script()
-                              .read_request()
-                              .send(head(std::to_string(size)) + body(200))
-                              .pause(20ms)
-                              .send(body(size).substr(200)));
-    SystemCalls calls;
-    EXPECT_EQ(send(server.port()), success(body(200)));
-    EXPECT_EQ(calls.made("recv").size(), 1u);
-  }
+  for (const std::size_t size : {201u, 511u, 512u, 2048u})
+    EXPECT_EQ(after_first_read_of(head(std::to_string(size)).size() + 200, exchange::answer(size)),
+              success(body(200)));
 }
 
 TEST_F(Exchange, a_body_of_2048_bytes_never_comes_whole) {
@@ -303,8 +295,9 @@ TEST_F(Exchange, ten_megabytes_in_small_segments_make_a_whole_body) {
 
 TEST_F(Exchange, a_zero_byte_in_the_rest_counts_as_one_byte) {
   const std::string text = body(600) + std::string("\0", 1) + body(399);
-  ScriptedServer server(
-      Script().read_request().send(head("1000") + body(600)).pause(20ms).send(text.substr(600)));
+  ScriptedServer server(answer(head("1000") + text));
+  SystemCalls calls;
+  calls.shorten("recv", head("1000").size() + 600);
   char* received = nullptr;
   ASSERT_EQ(CIMSendRequest("a", &received, "127.0.0.1", server.port(), "u", "p", 0), 0);
   EXPECT_EQ(std::string(received, 1001), text + std::string("\0", 1));

@@ -10,12 +10,14 @@
 #include <utility>
 
 // What sanitizers put in the place of libc's functions; absent without one.
+// NOLINTBEGIN(readability-identifier-naming)
 extern "C" {
 [[gnu::weak]] void* __interceptor_malloc(std::size_t size);
 [[gnu::weak]] void* __interceptor_calloc(std::size_t count, std::size_t size);
 [[gnu::weak]] void* __interceptor_realloc(void* block, std::size_t size);
 [[gnu::weak]] void __interceptor_free(void* block);
 }
+// NOLINTEND(readability-identifier-naming)
 
 namespace support {
 namespace {
@@ -122,6 +124,7 @@ std::size_t ReleasedSecrets::with_secret() const { return blocks_with_secret; }
 
 #define EXPORTED [[gnu::visibility("default")]]
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): libc names them otherwise
 extern "C" {
 
 // Filled with zeros while secrets are searched: what nobody wrote is no secret.
@@ -155,3 +158,5 @@ EXPORTED UNCHECKED void free(void* block) noexcept {
 }
 
 }  // extern "C"
+
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

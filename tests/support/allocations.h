@@ -57,7 +57,7 @@ class UncountedAllocations {
 // While it exists, what the thread releases is searched for a secret.
 class ReleasedSecrets {
  public:
-  explicit ReleasedSecrets(std::string secret);
+  explicit ReleasedSecrets(std::string text);
   ReleasedSecrets(const ReleasedSecrets&) = delete;
   ReleasedSecrets& operator=(const ReleasedSecrets&) = delete;
   ~ReleasedSecrets();

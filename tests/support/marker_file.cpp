@@ -34,9 +34,12 @@ const char* MarkerFile::open(const char* mode) {
 
 }  // namespace support
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): libc names them otherwise
 extern "C" [[gnu::visibility("default")]] FILE* fopen(const char* path, const char* mode) {
   static auto* const own = reinterpret_cast<decltype(fopen)*>(dlsym(RTLD_NEXT, "fopen"));
   if (!support::marker || std::strcmp(path, "/etc/Binary.txt") != 0) return own(path, mode);
   const char* instead = support::marker->open(mode);
   return instead ? own(instead, mode) : nullptr;
 }
+
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

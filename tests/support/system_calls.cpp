@@ -87,7 +87,7 @@ SystemCalls& SystemCalls::pass_then(const std::string& name, std::function<void(
 SystemCalls::Action SystemCalls::next_action(const std::string& name) {
   std::deque<Action>& actions = actions_[name];
   if (actions.empty()) return {};
-  const Action action = actions.front();
+  Action action = std::move(actions.front());
   actions.pop_front();
   return action;
 }
@@ -106,6 +106,7 @@ using support::follow;
 using support::next;
 using support::watcher;
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): libc names them otherwise
 extern "C" {
 
 [[gnu::visibility("default")]] int socket(int family, int type, int protocol) noexcept {
@@ -160,3 +161,5 @@ extern "C" {
 }
 
 }  // extern "C"
+
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
