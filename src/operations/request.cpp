@@ -1,3 +1,4 @@
+// The requests: CIM > MESSAGE > SIMPLEREQ and the call in it.
 #include "operations/request.h"
 
 #include "writer/document.h"

@@ -1,3 +1,4 @@
+// Sending a request, and handing out what comes back.
 #include "operations/response.h"
 
 #include <cstdlib>
@@ -42,7 +43,7 @@ Response::Response(const Handle& handle, const Request& request, LeftOver left_o
 
   is_refused_ = outcome == refused;
   if (outcome == -1) trace("\n\n Couldn't send request !!!!!!!\n\n");
-  if (outcome == 0 || left_over == LeftOver::Parsed) parse(body);
+  if (outcome == 0 || (outcome == -1 && left_over == LeftOver::Parsed)) parse(body);
   std::free(body);
 }
 

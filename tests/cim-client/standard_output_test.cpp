@@ -19,6 +19,7 @@ template <class Body>
 std::array<std::string, 2> written_by(Body body) {
   std::array<std::array<int, 2>, 2> pipes = {};
   for (auto& ends : pipes) EXPECT_EQ(pipe(ends.data()), 0);
+  std::fflush(nullptr);
   const pid_t child = fork();
   if (child == 0) {
     dup2(pipes[0][1], STDOUT_FILENO);

@@ -1,3 +1,4 @@
+// CIMSendRequest() in the place of the library's: gives what a test says, without a network.
 #include "operations/canned_exchange.h"
 
 #include <cstdlib>

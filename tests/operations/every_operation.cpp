@@ -1,3 +1,4 @@
+// The fifteen operations in one table, for what holds for all of them.
 #include "operations/every_operation.h"
 
 #include <ostream>

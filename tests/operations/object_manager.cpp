@@ -1,3 +1,4 @@
+// An object manager on a loopback port that answers as a test says.
 #include "operations/object_manager.h"
 
 #include <stdexcept>

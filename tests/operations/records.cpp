@@ -1,3 +1,4 @@
+// Records as callers give them to operations, and owners for what they get back.
 #include "operations/records.h"
 
 #include <cstdlib>

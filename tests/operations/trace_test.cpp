@@ -84,6 +84,12 @@ TEST_F(Trace, shows_nothing_of_a_refusal) {
   EXPECT_EQ(lines, Lines{names_request});
 }
 
+TEST_F(Trace, shows_nothing_of_a_refusal_even_where_failures_are_parsed) {
+  ObjectManager object_manager(http_refusal());
+  CIMC_XML_DeleteInstance(object_manager.handle(), nullptr, nullptr);
+  EXPECT_EQ(lines, Lines{delete_request});
+}
+
 // Deleting goes on with what a failed exchange has left behind.
 TEST_F(Trace, shows_the_response_to_a_deletion_that_failed) {
   ObjectManager object_manager("HTTP/1.1 200 OK\r\n\r\n");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,10 +22,48 @@ struct Arguments {
   bool qualifiers = false;
   bool no_qualifiers = false;
   bool class_origin = false;
+  bool partial = false;
+
+  std::string assoc_class;
+  std::string result_class;
+  std::string role;
+  std::string result_role;
+
+  std::string language = "WQL";
+  std::string probe_class;
+
+  std::uint16_t depth = 1;
+  std::string svg_file;
+  std::string png_file;
+
+  std::string listen_port = "5990";
+  std::string listen_address = "127.0.0.1";
+  std::uint64_t count = 0;  // indications; 0: no limit
 };
 
 // An option of one or more commands; command_line.cpp says how each is typed.
-enum class Option { LocalOnly, Deep, Shallow, Qualifiers, NoQualifiers, ClassOrigin, Properties };
+enum class Option {
+  LocalOnly,
+  Deep,
+  Shallow,
+  Qualifiers,
+  NoQualifiers,
+  ClassOrigin,
+  Properties,
+  Partial,
+  AssocClass,
+  ResultClass,
+  Role,
+  ResultRole,
+  Language,
+  ProbeClass,
+  Depth,
+  SvgFile,
+  PngFile,
+  ListenPort,
+  ListenAddress,
+  Count
+};
 
 struct Operand {
   enum class Count { One, Optional, Any };
@@ -50,5 +89,11 @@ const std::vector<Command>& commands();
 // One group of them each.
 std::vector<Command> class_commands();
 std::vector<Command> instance_commands();
+std::vector<Command> change_commands();
+std::vector<Command> association_commands();
+std::vector<Command> method_commands();
+std::vector<Command> listen_commands();
+std::vector<Command> graph_commands();
+std::vector<Command> doctor_commands();
 
 }  // namespace cli

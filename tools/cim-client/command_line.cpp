@@ -82,6 +82,46 @@ void declare_global_options(CLI::App& app, GlobalOptions& options) {
   app.add_flag("-v,--verbose", options.verbose, "show the exchange on standard error");
 }
 
+// Adds one of a command's options that take a value.
+void declare_value_option(CLI::App& app, Option option, Arguments& arguments) {
+  const auto add = [&app](const char* names, auto& place, const char* type, const char* help) {
+    app.add_option(names, place, help)->type_name(type);
+  };
+  switch (option) {
+    case Option::AssocClass:
+      return add("--assoc-class", arguments.assoc_class, "CLASS",
+                 "only through associations of this class");
+    case Option::ResultClass:
+      return add("--result-class", arguments.result_class, "CLASS", "only results of this class");
+    case Option::Role:
+      return add("--role", arguments.role, "NAME", "only where OBJECT plays this role");
+    case Option::ResultRole:
+      return add("--result-role", arguments.result_role, "NAME",
+                 "only where the result plays this role");
+    case Option::Language:
+      return add("--language", arguments.language, "NAME", "the query language (default WQL)");
+    case Option::ProbeClass:
+      return add("--class", arguments.probe_class, "CLASS",
+                 "the class to read (default: the first in the namespace)");
+    case Option::Depth:
+      return add("--depth", arguments.depth, "N", "how many associations away to go (default 1)");
+    case Option::SvgFile:
+      return add("--svg", arguments.svg_file, "FILE", "draw into an SVG file; needs 'dot'");
+    case Option::PngFile:
+      return add("--png", arguments.png_file, "FILE", "draw into a PNG file; needs 'dot'");
+    case Option::ListenPort:
+      return add("--listen-port", arguments.listen_port, "PORT",
+                 "the port to listen on, 0 for a free one (default 5990)");
+    case Option::ListenAddress:
+      return add("--listen-address", arguments.listen_address, "ADDRESS",
+                 "the IPv4 address to listen on (default 127.0.0.1)");
+    case Option::Count:
+      return add("--count", arguments.count, "N", "end after N indications");
+    default:
+      return;
+  }
+}
+
 // Adds one of a command's options.
 void declare_option(CLI::App& app, Option option, Arguments& arguments,
                     std::vector<std::string>& properties) {
@@ -113,6 +153,12 @@ void declare_option(CLI::App& app, Option option, Arguments& arguments,
           ->type_name("NAMES")
           ->allow_extra_args(false);
       return;
+    case Option::Partial:
+      app.add_flag("--partial", arguments.partial,
+                   "send the given properties alone, without reading the others first");
+      return;
+    default:
+      declare_value_option(app, option, arguments);
   }
 }
 

@@ -14,7 +14,9 @@ std::vector<Command> joined(std::initializer_list<std::vector<Command>> groups) 
 }  // namespace
 
 const std::vector<Command>& commands() {
-  static const std::vector<Command> all = joined({class_commands(), instance_commands()});
+  static const std::vector<Command> all =
+      joined({class_commands(), instance_commands(), change_commands(), association_commands(),
+              method_commands(), listen_commands(), graph_commands(), doctor_commands()});
   return all;
 }
 

@@ -18,7 +18,8 @@ Context::Context(Settings settings, std::ostream& out)
 
 Session& Context::session() {
   if (session_ == nullptr) {
-    Secret password = find_password(settings_.password, settings_.target);
+    Secret password =
+        password_ ? std::move(*password_) : find_password(settings_.password, settings_.target);
     const bool show_progress = isatty(STDERR_FILENO) != 0;
     session_ = std::make_unique<Session>(settings_.target, std::move(password), settings_.timeout,
                                          show_progress);

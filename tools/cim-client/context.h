@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 #include "output.h"
 #include "session.h"
@@ -25,6 +26,9 @@ class Context {
   // The session, made when it is first asked for: that is when a password is asked for.
   Session& session();
 
+  // The password of the session to come, for a command that has found it already.
+  void adopt_password(Secret password) { password_ = std::move(password); }
+
   // Says on standard error that nothing was found, when a person is looking.
   void note_nothing_found(const char* what) const;
 
@@ -32,6 +36,7 @@ class Context {
   Settings settings_;
   std::ostream& out_;
   std::unique_ptr<Output> output_;
+  std::optional<Secret> password_;
   std::unique_ptr<Session> session_;
 };
 

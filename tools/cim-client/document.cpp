@@ -68,6 +68,22 @@ std::string get_class_request(std::string_view name_space, std::string_view clas
   return written(*document);
 }
 
+std::string class_method_request(std::string_view name_space, std::string_view class_name,
+                                 std::string_view method, ParamValue* parameters) {
+  const CimOwner document = new_request();
+  auto* call = new_record<MethodCall>();
+  document->message->simpleReq->methodCall = call;
+  call->name = new_text(method);
+  call->localClassPath = new_record<LocalClassPath>();
+  call->localClassPath->localNamespacePath = new_namespace_path(name_space);
+  call->localClassPath->className = new_record<ClassName>();
+  call->localClassPath->className->name = new_text(class_name);
+  call->paramValues = parameters;
+  std::string text = written(*document);
+  call->paramValues = nullptr;  // the caller's, not the document's
+  return text;
+}
+
 AnswerKind kind_of(const CIM* document) {
   if (document == nullptr || document->message == nullptr) return AnswerKind::Other;
   const SimpleRsp* response = document->message->simpleRsp;
@@ -75,6 +91,17 @@ AnswerKind kind_of(const CIM* document) {
   if (response->iMethodResponse != nullptr) return kind_of(*response->iMethodResponse);
   if (response->methodResponse != nullptr) return kind_of(*response->methodResponse);
   return AnswerKind::Other;
+}
+
+IReturnValue* result_of(const CIM& document) {
+  const SimpleRsp* response = document.message == nullptr ? nullptr : document.message->simpleRsp;
+  if (response == nullptr || response->iMethodResponse == nullptr) return nullptr;
+  return response->iMethodResponse->iReturnValue;
+}
+
+MethodResponse* method_response_of(const CIM& document) {
+  const SimpleRsp* response = document.message == nullptr ? nullptr : document.message->simpleRsp;
+  return response == nullptr ? nullptr : response->methodResponse;
 }
 
 CimOwner parse_document(const std::string& text) { return CimOwner(parseXML(text.c_str())); }

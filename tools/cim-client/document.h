@@ -9,9 +9,14 @@
 
 namespace cli {
 
-// The text of a GetClass request for `class_name` (already escaped). The answer changes nothing,
+// The text of a GetClass request; both names are already escaped. The answer changes nothing,
 // so it may be asked at any time to see whether an object manager answers.
 std::string get_class_request(std::string_view name_space, std::string_view class_name);
+
+// The text of a request that calls a method of a class; the names are already escaped, and
+// `parameters` is borrowed.
+std::string class_method_request(std::string_view name_space, std::string_view class_name,
+                                 std::string_view method, ParamValue* parameters);
 
 // What kind of answer a document is.
 enum class AnswerKind {
@@ -25,5 +30,9 @@ AnswerKind kind_of(const CIM* document);
 
 // Reads an answer; null when it is not CIM-XML.
 CimOwner parse_document(const std::string& text);
+
+// The result of an operation, and the response of a method, in a document; null without one.
+IReturnValue* result_of(const CIM& document);
+MethodResponse* method_response_of(const CIM& document);
 
 }  // namespace cli

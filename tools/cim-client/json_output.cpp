@@ -86,6 +86,16 @@ class JsonOutput : public Output {
     out_ << dumped(json_of(indication, settings_.properties), -1) << '\n';
   }
 
+  void step(const Step& step) override {
+    JsonValue object = JsonValue::object();
+    object["step"] = step.name;
+    object["result"] = result_word(step.result);
+    object["text"] = step.text;
+    object["advice"] = step.advice.empty() ? JsonValue() : JsonValue(step.advice);
+    out_ << dumped(object, -1) << '\n';
+    out_.flush();
+  }
+
  private:
   void write(const JsonValue& value) { out_ << dumped(value, 2) << '\n'; }
 

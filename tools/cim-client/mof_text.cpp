@@ -33,7 +33,10 @@ std::string qualifier_list(const Qualifier* list) {
     const std::string value = mof_value(view);
     const bool flag = view.value != nullptr && same_name(view.type, "boolean") && value == "true";
     if (flag || view.is_null()) continue;
-    text += view.is_array ? " " + value : "(" + value + ")";
+    if (view.is_array)
+      text.append(1, ' ').append(value);
+    else
+      text.append(1, '(').append(value).append(1, ')');
   }
   return text.empty() ? text : text + "]";
 }
@@ -42,7 +45,7 @@ std::string qualifier_list(const Qualifier* list) {
 std::string declaration(const TypedView& view) {
   std::string text =
       view.is_reference ? printable(view.reference_class) + " REF" : printable(view.type);
-  text += " " + printable(view.name);
+  text.append(1, ' ').append(printable(view.name));
   if (!view.is_array) return text;
   return text + "[" + (view.array_size > 0 ? std::to_string(view.array_size) : "") + "]";
 }

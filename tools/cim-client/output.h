@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cim_client.h"
+#include "examination.h"
 #include "views.h"
 
 namespace cli {
@@ -36,6 +37,7 @@ class Output {
   virtual void created(const InstanceName& name) = 0;
   virtual void method_result(const MethodResult& result) = 0;
   virtual void indication(const Instance& indication) = 0;
+  virtual void step(const Step& step) = 0;
 };
 
 enum class Format { Text, Json, Xml };

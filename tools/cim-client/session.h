@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <string>
+#include <utility>
 
 #include "exchange.h"
 #include "owners.h"
@@ -12,6 +13,14 @@
 #include "watch.h"
 
 namespace cli {
+
+// What an operation gave: the records that were asked for, or the document with a result of
+// another kind; neither when nothing was found.
+template <class Records>
+struct Finding {
+  Records records;
+  CimOwner document;
+};
 
 class Session {
  public:
@@ -34,15 +43,23 @@ class Session {
   // came.
   template <class Records, class Call>
   Records ask(Call call) {
-    Records records;
+    Finding<Records> finding = ask_openly<Records>(call);
+    if (finding.document != nullptr) fail_misunderstood();
+    return std::move(finding.records);
+  }
+
+  // The same, for operations that object managers answer in more than one way.
+  template <class Records, class Call>
+  Finding<Records> ask_openly(Call call) {
+    Finding<Records> finding;
     Error* error = nullptr;
     {
       const Watch watch = begin();
-      records.reset(call(handle_.get(), &error));
+      finding.records.reset(call(handle_.get(), &error));
     }
     throw_error(error);
-    if (records == nullptr) require_empty_answer();
-    return records;
+    if (finding.records == nullptr) finding.document = filled_document();
+    return finding;
   }
 
   // Runs an operation that gives no records, and makes sure that it was answered.
@@ -57,18 +74,24 @@ class Session {
     require_answer();
   }
 
-  // The document that the last operation was answered with; throws when there is none or it is
-  // not understood.
+  // Sends a request made by hand; throws as ask() does. The answer's document.
+  CimOwner exchange(const std::string& request);
+
+  // The document that the last operation was answered with; throws when none came, or none of an
+  // object manager.
   CimOwner answer_document() const;
+
+  // Whether operations go to the local broker, past host and port.
+  bool is_local() const { return handle_->interface == 1; }
 
  private:
   Watch begin() const;
   std::string peer() const;
   static void throw_error(Error* error);
   void require_answer() const;
-  void require_empty_answer() const;
-  bool is_local() const { return handle_->interface == 1; }
+  CimOwner filled_document() const;
   [[noreturn]] void fail_unanswered() const;
+  [[noreturn]] void fail_misunderstood() const;
 
   Target target_;
   Secret password_;

@@ -40,6 +40,7 @@ StandardOutput::StandardOutput(bool remarks_to_standard_error)
     : true_output_(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)),
       buffer_(true_output_.number()),
       stream_(&buffer_) {
+  std::fflush(stdout);
   if (remarks_to_standard_error) {
     dup2(STDERR_FILENO, STDOUT_FILENO);
     return;
@@ -48,8 +49,12 @@ StandardOutput::StandardOutput(bool remarks_to_standard_error)
   if (nowhere.is_open()) dup2(nowhere.number(), STDOUT_FILENO);
 }
 
-void StandardOutput::finish() {
+StandardOutput::~StandardOutput() {
   std::fflush(stdout);
+  if (true_output_.is_open()) dup2(true_output_.number(), STDOUT_FILENO);
+}
+
+void StandardOutput::finish() {
   errno = 0;
   stream_.flush();
   if (stream_) return;

@@ -30,6 +30,9 @@ class DescriptorBuffer : public std::streambuf {
 class StandardOutput {
  public:
   explicit StandardOutput(bool remarks_to_standard_error);
+  StandardOutput(const StandardOutput&) = delete;
+  StandardOutput& operator=(const StandardOutput&) = delete;
+  ~StandardOutput();
 
   std::ostream& stream() { return stream_; }
 

@@ -108,6 +108,21 @@ void TextOutput::indication(const Instance& indication) {
   any_block_ = false;
 }
 
+void TextOutput::step(const Step& step) {
+  constexpr std::size_t result_width = 9;  // the longest result and two blanks
+  constexpr std::size_t name_width = 16;
+  std::string line = result_word(step.result);
+  line.resize(result_width, ' ');
+  line += step.name;
+  line.resize(result_width + name_width, ' ');
+  line += step.text;
+  line.erase(line.find_last_not_of(' ') + 1);
+  out_ << line << '\n';
+  if (!step.advice.empty())
+    out_ << std::string(result_width + name_width, ' ') << step.advice << '\n';
+  out_.flush();
+}
+
 void TextOutput::show(const std::vector<Row>& rows) {
   if (rows.empty()) return;
   if (settings_.layout != Layout::Blocks && show_table(rows)) return;

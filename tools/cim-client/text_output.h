@@ -19,6 +19,7 @@ class TextOutput : public Output {
   void created(const InstanceName& name) override;
   void method_result(const MethodResult& result) override;
   void indication(const Instance& indication) override;
+  void step(const Step& step) override;
 
  private:
   // A record to show: an instance and where it is, if that is known.

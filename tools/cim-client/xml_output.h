@@ -21,6 +21,7 @@ class XmlOutput : public Output {
   void created(const InstanceName&) override { write("IRETURNVALUE"); }
   void method_result(const MethodResult&) override { write("METHODRESPONSE"); }
   void indication(const Instance&) override { write("EXPPARAMVALUE"); }
+  void step(const Step&) override {}  // no result of an object manager
 
  private:
   void write(std::string_view element);

@@ -1,7 +1,8 @@
 // Faults: how they are written, whom they meet, and what they do.
+#include "faults/fault.h"
+
 #include <gtest/gtest.h>
 
-#include "faults/fault.h"
 #include "faults/misbehavior.h"
 #include "http/response.h"
 

@@ -35,7 +35,9 @@ class Changes : public test::ManagedObjects {
             "instance of Item as $A { Id = \"a\"; Count = 5; };\n"
             "instance of Item as $B { Id = \"b\"; };\n"
             "instance of Link { A = $A; B = $B; };\n"
-            "instance of Numbered { Number = 7; };") {
+            "instance of Numbered { Number = 7; };\n"
+            "class Lax { [Key] uint8 Id; [Required] string Must; string Note; uint8 Count; };\n"
+            "instance of Lax { Id = 1; };") {
     manager_.set_listener(&witness_);
   }
 
@@ -207,6 +209,11 @@ TEST_F(Changes, modification_answers_the_right_error_for_each_mistake) {
             "4 required property \"Must\" is missing");
   EXPECT_EQ(witness_.log, "");
   EXPECT_EQ(value("Item.Id=\"a\"", "Count"), "5");
+}
+
+TEST_F(Changes, a_required_property_that_the_model_left_null_does_not_forbid_other_changes) {
+  ASSERT_TRUE(modify("Lax.Id=1", "Lax", given("Note", "new")));
+  EXPECT_EQ(value("Lax.Id=1", "Note"), "new");
 }
 
 TEST_F(Changes, a_key_may_be_given_as_it_is) {

@@ -22,7 +22,7 @@ class Queries : public test::ManagedObjects {
             "  When = \"20250101000000.000000+000\"; Next = $A; Huge = 18446744073709551615; };\n"
             "instance of Item { Id = \"it's\"; Size = 200; };\n"
             "instance of Special { Id = \"say \\\"hi\\\"\"; Level = 7; };\n"
-            "instance of Special { Id = \"100%\"; };") {}
+            "instance of Special as $P { Id = \"100%\"; Next = $P; };") {}
 
   // The keys that "SELECT * FROM Item WHERE ..." finds, or the error.
   std::string where(const std::string& condition) {
@@ -132,7 +132,8 @@ TEST_F(Queries, isa_asks_for_the_class_of_the_instance_or_of_what_it_holds) {
   EXPECT_EQ(where("NOT __THIS ISA Special AND Size = 1"), "a ");
   EXPECT_EQ(where("In ISA Box"), "a ");
   EXPECT_EQ(where("In ISA Item"), "");
-  EXPECT_EQ(where("Next ISA Item"), "b ");
+  EXPECT_EQ(where("Next ISA Item"), "b 100% ");
+  EXPECT_EQ(where("Next ISA Special"), "100% ");
 }
 
 TEST_F(Queries, other_languages_namespaces_and_classes_are_refused) {

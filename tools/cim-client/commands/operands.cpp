@@ -2,6 +2,7 @@
 #include "commands/operands.h"
 
 #include <algorithm>
+#include <new>
 
 #include "exit_status.h"
 #include "utf8.h"
@@ -31,21 +32,40 @@ void mark_references(std::vector<Key>& keys, const Class& definition) {
 
 }  // namespace
 
-ClassNameOwner class_operand(Context& context, const std::string& text) {
-  if (text.empty()) return nullptr;
-  const ObjectUri path = parse_object(text);
+ObjectUri class_path_operand(Context& context, const std::string& text) {
+  ObjectUri path = parse_object(text);
   if (path.is_instance)
     throw usage_failure(printable(text) + " names an instance; here a class is meant");
   address(context, path);
-  return class_name_to_send(path.class_name);
+  return path;
 }
 
-ObjectUri instance_operand(Context& context, const std::string& text) {
-  ObjectUri path = parse_instance(text);
+ClassNameOwner class_operand(Context& context, const std::string& text) {
+  if (text.empty()) return nullptr;
+  return class_name_to_send(class_path_operand(context, text).class_name);
+}
+
+ObjectUri object_path_operand(Context& context, const std::string& text) {
+  ObjectUri path = parse_object(text);
   address(context, path);
   if (std::any_of(path.keys.begin(), path.keys.end(), could_be_reference))
     mark_references(path.keys, *class_definition(context.session(), path.class_name));
   return path;
+}
+
+ObjectNameOwner object_operand(Context& context, const std::string& text) {
+  const ObjectUri path = object_path_operand(context, text);
+  const ClassNameOwner class_name = class_name_to_send(path.class_name);
+  const InstanceNameOwner name = instance_name_to_send(path);
+  ObjectNameOwner record(path.is_instance ? CIMC_CreateObjectName(nullptr, name.get())
+                                          : CIMC_CreateObjectName(class_name->name, nullptr));
+  if (record == nullptr) throw std::bad_alloc();
+  return record;
+}
+
+ObjectUri instance_operand(Context& context, const std::string& text) {
+  parse_instance(text);
+  return object_path_operand(context, text);
 }
 
 ClassNameOwner class_name_to_send(const std::string& name) {
@@ -70,6 +90,12 @@ ClassOwner class_definition(Session& session, const std::string& class_name) {
   if (definition == nullptr)
     throw Failure(ExitStatus::CimError, "the object manager gave no class " + class_name);
   return definition;
+}
+
+ClassSource class_source(Context& context) {
+  return [&context](const std::string& class_name) {
+    return class_definition(context.session(), class_name);
+  };
 }
 
 }  // namespace cli

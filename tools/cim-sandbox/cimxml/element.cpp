@@ -127,6 +127,10 @@ const Element* Element::child(std::string_view child_name) const {
   return found == children.end() ? nullptr : &*found;
 }
 
+Element* Element::child(std::string_view child_name) {
+  return const_cast<Element*>(std::as_const(*this).child(child_name));
+}
+
 std::variant<Element, Malformed> parse_document(std::string_view document) {
   static xmlSAXHandler handler = make_handler();
   document = trimmed(document);

@@ -18,6 +18,7 @@ struct Element {
   // Null when there is none of that name.
   const std::string* attribute(std::string_view attribute_name) const;
   const Element* child(std::string_view child_name) const;
+  Element* child(std::string_view child_name);
 };
 
 struct Malformed {

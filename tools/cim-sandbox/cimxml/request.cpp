@@ -25,18 +25,18 @@ std::string misplaced_text(const Element& element) {
   return {};
 }
 
-std::variant<Request, Refusal> read_call(const Element& message, const Element& simple_request) {
+std::variant<Request, Refusal> read_call(const Element& message, Element& simple_request) {
   Request request;
   if (const std::string* id = message.attribute("ID")) request.message_id = *id;
-  const Element* call = simple_request.child("IMETHODCALL");
+  Element* call = simple_request.child("IMETHODCALL");
   request.is_intrinsic = call != nullptr;
   if (!call) call = simple_request.child("METHODCALL");
   if (!call) return not_valid("SIMPLEREQ holds no IMETHODCALL and no METHODCALL");
   const std::string* name = call->attribute("NAME");
   if (!name || name->empty()) return not_valid(call->name + " has no NAME");
   request.method = *name;
-  request.call = *call;
   request.misplaced_text = misplaced_text(*call);
+  request.call = std::move(*call);
   return request;
 }
 
@@ -47,13 +47,13 @@ std::variant<Request, Refusal> read_request(std::string_view document) {
   if (auto* malformed = std::get_if<Malformed>(&parsed)) {
     return Refusal{400, "request-not-well-formed", std::move(malformed->text)};
   }
-  const Element& root = std::get<Element>(parsed);
+  Element& root = std::get<Element>(parsed);
   if (root.name != "CIM") return not_valid("the root is " + root.name + ", not CIM");
   const std::string* version = root.attribute("CIMVERSION");
   if (!version || !version->starts_with("2.")) {
     return Refusal{501, "unsupported-cim-version", "CIMVERSION is not 2.x"};
   }
-  const Element* message = root.child("MESSAGE");
+  Element* message = root.child("MESSAGE");
   if (!message) return not_valid("CIM holds no MESSAGE");
   const std::string* protocol = message->attribute("PROTOCOLVERSION");
   if (!protocol || !protocol->starts_with("1.")) {
@@ -62,7 +62,7 @@ std::variant<Request, Refusal> read_request(std::string_view document) {
   if (message->child("MULTIREQ")) {
     return Refusal{501, "multiple-requests-unsupported", "MULTIREQ is not supported"};
   }
-  const Element* simple_request = message->child("SIMPLEREQ");
+  Element* simple_request = message->child("SIMPLEREQ");
   if (!simple_request) return not_valid("MESSAGE holds no SIMPLEREQ");
   return read_call(*message, *simple_request);
 }

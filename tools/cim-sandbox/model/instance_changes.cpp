@@ -12,11 +12,12 @@ constexpr std::size_t most_instances = 10'000'000;
 
 std::string quoted(std::string_view name) { return '"' + std::string(name) + '"'; }
 
-// A property that must have a value and has none; empty when there is none.
-std::optional<Error> missing_value(const Instance& instance) {
+// What is wrong when a property that must have a value has none.  `before` is null for a new
+// instance; what had no value before may stay so.
+std::optional<Error> missing_value(const Instance& instance, const Instance* before) {
   for (std::size_t i = 0; i < instance.values.size(); ++i) {
     const Property& property = instance.of_class->properties[i];
-    if (!instance.values[i].null()) continue;
+    if (!instance.values[i].null() || (before && before->values[i].null())) continue;
     if (property.is_key) {
       return Error{ErrorCode::InvalidParameter, "key " + quoted(property.name) + " is missing"};
     }
@@ -91,7 +92,7 @@ Outcome<ObjectPath> ObjectManager::create_instance(std::string_view name_space,
     return Error{ErrorCode::InvalidClass, "class " + quoted(instance->of_class->name) +
                                               " has no key: its instances can only be embedded"};
   }
-  if (auto problem = missing_value(*instance)) return *problem;
+  if (auto problem = missing_value(*instance, nullptr)) return *problem;
   NameSpace& home = *repository_.find(name_space);
   if (home.instances.size() >= most_instances) {
     return Error{ErrorCode::Failed, "there are too many instances"};
@@ -130,7 +131,7 @@ Outcome<Done> ObjectManager::modify_instance(
     const Outcome<Done> done = assign(changed, property, repository_, target->home->name);
     if (!done) return done.error();
   }
-  if (auto problem = missing_value(changed)) return *problem;
+  if (auto problem = missing_value(changed, target->instance)) return *problem;
   if (identity_of(path_of(changed, target->home->name)) != target->identity) {
     return Error{ErrorCode::InvalidParameter, "keys cannot be modified"};
   }

@@ -24,7 +24,9 @@ Outcome<QueryResult> ObjectManager::exec_query(std::string_view name_space,
   const auto candidates = enumerate_instances(name_space, parsed->class_name);
   QueryResult result;
   for (const Instance* instance : *candidates) {
-    if (parsed->condition && !query::meets(*instance, *parsed->condition)) continue;
+    if (parsed->condition && !query::meets(*instance, *parsed->condition, (*home)->classes)) {
+      continue;
+    }
     result.instances.push_back({path_of(*instance, (*home)->name), instance});
   }
   if (!parsed->properties.empty()) result.properties = std::move(parsed->properties);

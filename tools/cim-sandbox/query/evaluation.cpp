@@ -190,14 +190,15 @@ bool meets_comparison(const Instance& instance, const Condition& condition) {
   return satisfies(order(value, type, condition.literal), condition.comparison);
 }
 
-bool meets_class(const Instance& instance, const Condition& condition) {
+bool meets_class(const Instance& instance, const Condition& condition, const ClassTable& classes) {
   if (is_this(condition.property)) return instance.of_class->is_a(condition.text);
   const Value* value = instance.find(condition.property);
   if (const auto* embedded = std::get_if<EmbeddedInstance>(&value->scalar())) {
     return (*embedded)->of_class->is_a(condition.text);
   }
   const auto* reference = std::get_if<Reference>(&value->scalar());
-  return reference && same_name((*reference)->class_name, condition.text);
+  const Class* of_class = reference ? classes.find((*reference)->class_name) : nullptr;
+  return of_class && of_class->is_a(condition.text);
 }
 
 }  // namespace
@@ -211,21 +212,21 @@ std::optional<Error> check(const Query& query, const Class& of_class) {
   return query.condition ? check_condition(*query.condition, of_class) : std::nullopt;
 }
 
-bool meets(const Instance& instance, const Condition& condition) {
-  const auto met = [&instance](const Condition& part) { return meets(instance, part); };
+bool meets(const Instance& instance, const Condition& condition, const ClassTable& classes) {
+  const auto met = [&](const Condition& part) { return meets(instance, part, classes); };
   switch (condition.kind) {
     case Condition::Kind::And:
       return std::all_of(condition.parts.begin(), condition.parts.end(), met);
     case Condition::Kind::Or:
       return std::any_of(condition.parts.begin(), condition.parts.end(), met);
     case Condition::Kind::Not:
-      return !meets(instance, condition.parts.front());
+      return !met(condition.parts.front());
     case Condition::Kind::IsNull: {
       const Value* value = instance.find(condition.property);
       return value && value->null();
     }
     case Condition::Kind::IsA:
-      return meets_class(instance, condition);
+      return meets_class(instance, condition, classes);
     default:
       return meets_comparison(instance, condition);
   }

@@ -14,6 +14,7 @@ namespace sandbox::query {
 std::optional<Error> check(const Query& query, const Class& of_class);
 
 // Ask only for conditions that passed the check.  A comparison with a null value is not met.
-bool meets(const Instance& instance, const Condition& condition);
+// `classes` tells what a reference's class derives from.
+bool meets(const Instance& instance, const Condition& condition, const ClassTable& classes);
 
 }  // namespace sandbox::query
