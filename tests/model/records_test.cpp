@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <set>
 #include <string>
 
@@ -12,8 +13,10 @@
 namespace {
 
 TEST(Records, there_is_one_description_for_each_record) {
-#define ONE(name) +1
-  EXPECT_EQ(cim::Records::size, 0U FOR_EVERY_RECORD(ONE));
+  std::size_t records = 0;
+#define COUNT(name) ++records;
+  FOR_EVERY_RECORD(COUNT)
+  EXPECT_EQ(cim::Records::size, records);
 #define IS_DESCRIBED(name) EXPECT_TRUE(cim::Record<name>) << #name;
   FOR_EVERY_RECORD(IS_DESCRIBED)
 }

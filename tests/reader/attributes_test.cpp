@@ -182,8 +182,10 @@ std::string absent(Form form) {
 // Whether a record is zero but for the text that is always there.
 bool is_zero(const void* record, const Element& element) {
   const auto* bytes = static_cast<const char*>(record);
-  for (std::size_t at = 0; at < element.size; ++at)
-    if (bytes[at] && (at < element.text || at >= element.text + sizeof(char*))) return false;
+  for (std::size_t at = 0; at < element.size; ++at) {
+    if (at == element.text) at += sizeof(char*);
+    if (at < element.size && bytes[at]) return false;
+  }
   return true;
 }
 

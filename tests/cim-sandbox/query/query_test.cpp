@@ -21,8 +21,8 @@ class Queries : public test::ManagedObjects {
             "instance of Item { Id = \"b\"; Size = 2; Level = 0; Weight = 2.0; On = false;\n"
             "  When = \"20250101000000.000000+000\"; Next = $A; Huge = 18446744073709551615; };\n"
             "instance of Item { Id = \"it's\"; Size = 200; };\n"
-            "instance of Special { Id = \"say \\\"hi\\\"\"; Level = 7; };\n"
-            "instance of Special as $P { Id = \"100%\"; Next = $P; };") {}
+            "instance of Special as $S { Id = \"say \\\"hi\\\"\"; Level = 7; };\n"
+            "instance of Special { Id = \"100%\"; Next = $S; };") {}
 
   // The keys that "SELECT * FROM Item WHERE ..." finds, or the error.
   std::string where(const std::string& condition) {
