@@ -12,6 +12,7 @@
  *   signals               fails with status 3 when logging leaves SIGPIPE pending or blocked
  *   setenv=VALUE          changes the variable from now on
  *   closed                closes standard error
+ *   vanish                ends the process at once, with status 0
  *   file-limit=BYTES      files must not grow beyond that many bytes
  *
  * Its syslog() takes the system's place and prints "PRIORITY MESSAGE" on standard output.
@@ -147,6 +148,8 @@ static void do_step(const char* argument) {
     setenv("CIM_CLIENT_LOG", value_of(argument), 1);
   else if (is(argument, "closed"))
     close(STDERR_FILENO);
+  else if (is(argument, "vanish"))
+    _exit(0);
   else if (is(argument, "file-limit"))
     limit_files(value_of(argument));
   else

@@ -338,6 +338,11 @@ TEST_F(Logging, to_a_file_makes_it_for_its_owner_alone) {
   EXPECT_EQ(fs::status(log()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
+TEST_F(Logging, to_a_file_is_there_even_when_the_process_ends_at_once) {
+  run("file=" + log(), {"init", "log=2=first", "log=2=second", "vanish"});
+  EXPECT_EQ(lines_of(contents(log())).size(), 2U);
+}
+
 TEST_F(Logging, to_a_file_appends_and_keeps_its_mode) {
   std::ofstream(log()) << "before\n";
   fs::permissions(log(), fs::perms::owner_all | fs::perms::group_read);

@@ -145,4 +145,26 @@ TEST_F(Sequences, a_record_without_a_place_lives_until_the_next_document) {
   EXPECT_EQ(living_blocks(), living - 5);
 }
 
+// What parameters hold is borrowed, but nobody else has seen these.
+TEST_F(Sequences, a_request_that_is_replaced_takes_along_what_its_parameters_hold) {
+  const std::string request =
+      "<MESSAGE><SIMPLEREQ><IMETHODCALL><IPARAMVALUE><CLASSNAME NAME=\"A\"/><VALUE>x</VALUE>"
+      "</IPARAMVALUE></IMETHODCALL></SIMPLEREQ></MESSAGE>";
+  const long living = living_blocks();
+  CIM* tree = parseXML(reading::document(request + "<MESSAGE/>").c_str());
+  EXPECT_FALSE(tree->message->simpleReq);
+  Free_CIM(tree);
+  EXPECT_EQ(living_blocks(), living);
+}
+
+TEST_F(Sequences, a_request_without_a_place_takes_along_what_its_parameters_hold) {
+  const long living = living_blocks();
+  Free_CIM(parseXML(reading::document("<IMETHODCALL><IPARAMVALUE><CLASSNAME NAME=\"A\"/>"
+                                      "<VALUE>x</VALUE></IPARAMVALUE></IMETHODCALL>")
+                        .c_str()));
+  EXPECT_GT(living_blocks(), living);
+  parseXML("");
+  EXPECT_EQ(living_blocks(), living);
+}
+
 }  // namespace

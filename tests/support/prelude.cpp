@@ -1,0 +1,1 @@
+// Holds nothing: the headers that the tests share are compiled beside it.
