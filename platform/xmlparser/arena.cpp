@@ -61,11 +61,4 @@ bool Arena::grow_text(std::size_t length) {
   return true;
 }
 
-const char* Arena::finish_text() {
-  if (!append("", 1)) return nullptr;
-  const std::size_t size = text_length_;
-  text_length_ = 0;
-  return static_cast<const char*>(allocate(size));
-}
-
 }  // namespace xmlparser

@@ -34,20 +34,39 @@ class Arena {
     return memory;
   }
 
+  // Where the open text goes on, with room for `length` bytes; null when memory runs out.
+  char* room_for(std::size_t length) {
+    if (room() - text_length_ < length && !grow_text(length)) return nullptr;
+    return cursor_ + text_length_;
+  }
+
+  // Makes `length` bytes that were written to the room part of the open text.
+  void extend(std::size_t length) { text_length_ += length; }
+
   // Adds to the open text; false when memory runs out, and the text is as it was.
   bool append(const char* bytes, std::size_t length) {
     if (length == 0) return true;
-    if (room() - text_length_ < length && !grow_text(length)) return false;
-    std::memcpy(cursor_ + text_length_, bytes, length);
-    text_length_ += length;
+    char* room = room_for(length);
+    if (!room) return false;
+    std::memcpy(room, bytes, length);
+    extend(length);
     return true;
   }
 
+  const char* text() const { return cursor_; }
   std::size_t text_length() const { return text_length_; }
 
   // Terminates the open text and hands it over; null when memory runs out.  Without an
   // append() before it the text is "".
-  const char* finish_text();
+  const char* finish_text() {
+    if (text_length_ == 0) return "";
+    char* room = room_for(1);
+    if (!room) return nullptr;
+    *room = '\0';
+    const std::size_t size = text_length_ + 1;
+    text_length_ = 0;
+    return static_cast<const char*>(allocate(size));
+  }
 
   void drop_text() { text_length_ = 0; }
 

@@ -112,10 +112,31 @@ void on_attribute_declaration(void* user_data, const XML_Char*, const XML_Char*,
 
 // ---- Content ----
 
+// Expat may call handlers once more after the parser has been stopped.
+
+NumberedName name_of(Reading& reading, const XML_Char* text) {
+  const std::size_t length = std::strlen(text);
+  const NumberedName* known = reading.tree.find_name(text, length);
+  return known ? *known : reading.tree.add_name(text, length);
+}
+
+bool open_element(Reading& reading, const XML_Char* text) {
+  if (!reading.tree.end_text()) return false;
+  const NumberedName name = name_of(reading, text);
+  return name.text && reading.tree.open_element(name);
+}
+
+bool add_attribute(Reading& reading, const XML_Char* text, const XML_Char* value) {
+  const NumberedName name = name_of(reading, text);
+  return name.text && reading.tree.add_characters(value, std::strlen(value)) &&
+         reading.tree.add_attribute(name);
+}
+
 void on_element(void* user_data, const XML_Char* name, const XML_Char** attributes) {
   Reading& reading = reading_of(user_data);
   check_references_in_tag(reading);
-  bool built = reading.tree.open_element(name);
+  if (reading.refusal) return;
+  bool built = open_element(reading, name);
 
   const XML_Char** written_end = attributes + XML_GetSpecifiedAttributeCount(reading.parser);
   for (const XML_Char** next = attributes; built && *next; next += 2) {
@@ -126,29 +147,30 @@ void on_element(void* user_data, const XML_Char* name, const XML_Char** attribut
         return;
       }
     }
-    built = reading.tree.add_attribute(next[0], next[1]);
+    built = add_attribute(reading, next[0], next[1]);
   }
   stop_unless(built, reading);
 }
 
 void on_element_end(void* user_data, const XML_Char*) {
   Reading& reading = reading_of(user_data);
-  stop_unless(reading.tree.close_element(), reading);
+  if (!reading.refusal) stop_unless(reading.tree.close_element(), reading);
 }
 
 void on_characters(void* user_data, const XML_Char* bytes, int length) {
   Reading& reading = reading_of(user_data);
+  if (reading.refusal) return;
   stop_unless(reading.tree.add_characters(bytes, static_cast<std::size_t>(length)), reading);
 }
 
 void on_cdata_section(void* user_data) {
   Reading& reading = reading_of(user_data);
-  stop_unless(reading.tree.open_cdata_section(), reading);
+  if (!reading.refusal) stop_unless(reading.tree.end_text(), reading);
 }
 
 void on_cdata_section_end(void* user_data) {
   Reading& reading = reading_of(user_data);
-  stop_unless(reading.tree.close_cdata_section(), reading);
+  if (!reading.refusal) stop_unless(reading.tree.add_cdata_section(), reading);
 }
 
 void set_handlers(Reading& reading) {
@@ -215,7 +237,7 @@ struct Parser {
 
 }  // namespace
 
-bool read(const char* text, std::size_t length, TreeBuilder& tree, ErrorText& error) {
+bool read_with_expat(const char* text, std::size_t length, TreeBuilder& tree, ErrorText& error) {
   const Parser parser;
   if (!parser.handle || tree.out_of_memory()) {
     error.set(out_of_memory);

@@ -10,6 +10,6 @@ namespace xmlparser {
 
 // Tells `tree` what the document of `length` bytes at `text` holds.  False when it is not
 // well-formed or refused, or memory runs out; `error` says which.
-bool read(const char* text, std::size_t length, TreeBuilder& tree, ErrorText& error);
+bool read_with_expat(const char* text, std::size_t length, TreeBuilder& tree, ErrorText& error);
 
 }  // namespace xmlparser

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "arena.h"
 
@@ -20,11 +21,75 @@ struct NumberedName {
 // CIM documents use.
 class Names {
  public:
-  NumberedName find_or_add(Arena& arena, const char* text);
+  static constexpr std::size_t most = 256;
+
+  // Null when the name, of 1 byte or more, is not kept.
+  const NumberedName* find(const char* bytes, std::size_t length) const {
+    const Fingerprint print = fingerprint_of(bytes, length);
+    for (std::size_t step = 0; step < longest_run; ++step) {
+      const std::uint16_t number = places_[(print.place + step) % places_.size()];
+      if (number == 0) return nullptr;
+      const Entry& entry = entries_[number - 1U];
+      if (entry.first == print.first && entry.last == print.last && entry.name.length == length &&
+          middle_is_equal(entry.name.text, bytes, length))
+        return &entry.name;
+    }
+    return nullptr;
+  }
+
+  // Keeps a name that find() does not find, of 1 byte or more.
+  NumberedName add(Arena& arena, const char* bytes, std::size_t length);
 
  private:
-  std::array<NumberedName, 512> slots_{};
-  std::uint32_t count_ = 0;
+  static constexpr std::size_t longest_run = 8;
+
+  // The first and last eight bytes, or four; all of a shorter name.
+  struct Fingerprint {
+    std::uint64_t first;
+    std::uint64_t last;
+    std::size_t place;
+  };
+
+  struct Entry {
+    NumberedName name;
+    std::uint64_t first;
+    std::uint64_t last;
+  };
+
+  template <class Number>
+  static Number load(const char* bytes) {
+    Number number;
+    std::memcpy(&number, bytes, sizeof(number));
+    return number;
+  }
+
+  static Fingerprint fingerprint_of(const char* bytes, std::size_t length) {
+    std::uint64_t first = 0;
+    std::uint64_t last = 0;
+    if (length >= 8) {
+      first = load<std::uint64_t>(bytes);
+      last = load<std::uint64_t>(bytes + length - 8);
+    } else if (length >= 4) {
+      first = load<std::uint32_t>(bytes);
+      last = load<std::uint32_t>(bytes + length - 4);
+    } else {
+      first = load<std::uint8_t>(bytes);
+      last = static_cast<std::uint64_t>(load<std::uint8_t>(bytes + length / 2)) << 8U |
+             load<std::uint8_t>(bytes + length - 1);
+    }
+    // Odd numbers with well-mixed bits: FNV's prime and the golden ratio's.
+    std::uint64_t mixed = (first + last * 0x100000001B3U + length) * 0x9E3779B97F4A7C15U;
+    mixed = (mixed ^ mixed >> 32U) * 0x9E3779B97F4A7C15U;
+    return {first, last, static_cast<std::size_t>(mixed >> 48U)};
+  }
+
+  static bool middle_is_equal(const char* a, const char* b, std::size_t length) {
+    return length <= 16 || std::memcmp(a + 8, b + 8, length - 16) == 0;
+  }
+
+  std::array<std::uint16_t, 2 * most> places_{};  // numbers of names; 0: free
+  std::array<Entry, most> entries_;               // of which count_ are filled
+  std::uint16_t count_ = 0;
 };
 
 }  // namespace xmlparser

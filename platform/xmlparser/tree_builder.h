@@ -18,21 +18,69 @@ struct Document {
 
 // Knows nothing of how XML is written.  The reader calls in document order, matches opening
 // and closing calls and has checked that all is well-formed.  Depth costs nothing but nodes.
-// Every call returns false when memory has run out; the calls after it do nothing.
+// What returns bool is false when memory has run out; then nothing but out_of_memory() may be
+// called.
 class TreeBuilder {
  public:
   TreeBuilder() { start(); }
 
-  bool open_element(const char* name);
-  // Of the element opened last, before anything else is told.
-  bool add_attribute(const char* name, const char* value);
-  bool close_element();
+  // A name of 1 byte or more that a node is to have; null when it is new.
+  const NumberedName* find_name(const char* bytes, std::size_t length) const {
+    return names_.find(bytes, length);
+  }
+  // Keeps a new one; its text is null when memory has run out.  No text may be open.
+  NumberedName add_name(const char* bytes, std::size_t length);
 
-  // Character data, in pieces of any size, resolved.
-  bool add_characters(const char* bytes, std::size_t length);
+  // At an element or a CDATA section the text before it ends: white space is not data there but
+  // layout, and is dropped.
+  bool end_text() { return arena_.text_length() == 0 || end_open_text(); }
 
-  bool open_cdata_section();
-  bool close_cdata_section();
+  // After end_text().
+  bool open_element(const NumberedName& name) {
+    XmlNode* element = add_node(XML_ELEMENT, name);
+    if (!element) return false;
+    parent_ = element;
+    last_child_ = nullptr;
+    last_attribute_ = nullptr;
+    return true;
+  }
+
+  // Of the element opened last, before anything else is told; the open text is its value.
+  bool add_attribute(const NumberedName& name) {
+    const std::size_t length = arena_.text_length();
+    const char* value = arena_.finish_text();
+    XmlNode* attribute = value ? new_node(XML_ATTRIBUTE, name) : nullptr;
+    if (!attribute) return fail();
+    attribute->nodeValue = value;
+    attribute->nodeValueLength = length;
+    (last_attribute_ ? last_attribute_->nextSibling : parent_->attributes) = attribute;
+    last_attribute_ = attribute;
+    return true;
+  }
+
+  bool close_element() {
+    if (arena_.text_length() > 0 && !end_last_text()) return false;
+    last_child_ = parent_;
+    parent_ = parent_->parentNode;
+    return true;
+  }
+
+  // Adds to the open text, in pieces of any size, resolved.
+  bool add_characters(const char* bytes, std::size_t length) {
+    return arena_.append(bytes, length) || fail();
+  }
+  // The same without a copy: where the next `length` bytes may be written, and how many were.
+  char* room_for_characters(std::size_t length) { return arena_.room_for(length); }
+  void characters_added(std::size_t length) { arena_.extend(length); }
+
+  // After end_text() and the section's characters.
+  bool add_cdata_section();
+
+  // The innermost open element, or the document.
+  const XmlNode& parent() const { return *parent_; }
+  bool inside_root() const { return parent_ != &document_->node; }
+  bool nothing_inside_parent() const { return !last_child_ && arena_.text_length() == 0; }
+  bool no_open_text() const { return arena_.text_length() == 0; }
 
   bool out_of_memory() const { return out_of_memory_; }
 
@@ -41,10 +89,40 @@ class TreeBuilder {
 
  private:
   void start();
-  XmlNode* add_node(int type, NumberedName name);
-  bool add_text_node(int type, NumberedName name);
-  bool end_text();
-  bool fail();
+
+  // Without a place in the tree; null when memory has run out.
+  XmlNode* new_node(int type, const NumberedName& name) {
+    auto* node = static_cast<XmlNode*>(arena_.allocate(sizeof(XmlNode)));
+    if (!node) return nullptr;
+    *node = XmlNode{};
+    node->nodeType = type;
+    node->nodeName = name.text;
+    node->nodeNameId = name.number;
+    node->nodeNameLength = name.length;
+    return node;
+  }
+
+  // A new last child of the open element; null when memory has run out.
+  XmlNode* add_node(int type, const NumberedName& name) {
+    XmlNode* node = new_node(type, name);
+    if (!node) {
+      fail();
+      return nullptr;
+    }
+    node->parentNode = parent_;
+    (last_child_ ? last_child_->nextSibling : parent_->firstChild) = node;
+    last_child_ = node;
+    return node;
+  }
+
+  bool add_text_node(int type, const NumberedName& name);
+  bool end_open_text();
+  bool end_last_text();
+
+  bool fail() {
+    out_of_memory_ = true;
+    return false;
+  }
 
   Arena arena_;
   Names names_;
@@ -52,7 +130,6 @@ class TreeBuilder {
   XmlNode* parent_ = nullptr;          // the innermost open element
   XmlNode* last_child_ = nullptr;      // of parent_
   XmlNode* last_attribute_ = nullptr;  // of parent_
-  bool text_is_white_ = true;          // the open text
   bool out_of_memory_ = false;
 };
 

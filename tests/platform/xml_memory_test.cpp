@@ -40,6 +40,23 @@ TEST(MemoryThatRunsOut, at_any_allocation_refuses_the_document_and_leaks_nothing
   EXPECT_EQ(support::living_blocks(), blocks);
 }
 
+// Of a text that fills its chunk to the last byte, nothing but the NUL needs more memory.
+TEST(MemoryThatRunsOut, at_the_end_of_a_text_of_any_length_refuses_the_document) {
+  for (std::size_t length = 15900; length < 16400; ++length) {
+    const std::string text = "<a>" + std::string(length, 'x') + "</a>";
+    const long blocks = support::living_blocks();
+    XmlDocument* document = nullptr;
+    support::fail_each_allocation([&] { document = parseText(nullptr, text.c_str()); },
+                                  [&] {
+                                    EXPECT_EQ(document, nullptr) << length;
+                                    EXPECT_EQ(support::living_blocks(), blocks) << length;
+                                  });
+    ASSERT_NE(document, nullptr);
+    EXPECT_EQ(document->root->firstChild->nodeValueLength, length);
+    freeXMLDoc(document);
+  }
+}
+
 TEST(MemoryThatRunsOut, in_a_document_that_is_not_well_formed_leaks_nothing) {
   const std::string text = rich_document() + "<";
   const long blocks = support::living_blocks();
