@@ -6,6 +6,7 @@
 #include <netinet/in.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <exception>
 #include <string_view>
@@ -19,6 +20,7 @@ namespace {
 
 constexpr unsigned connection_limit = 64;
 constexpr unsigned connection_timeout = 30;  // seconds
+constexpr std::chrono::seconds answer_patience(5);
 
 // CIM status codes in refusals.
 constexpr int failed = 1;
@@ -53,7 +55,7 @@ class IndicationReceiver::Request {
                            void** place) try {
     auto* request = static_cast<Request*>(*place);
     if (request == nullptr) {
-      *place = new Request();
+      *place = new Request(*static_cast<IndicationReceiver*>(receiver));
       return MHD_YES;
     }
     if (*size > 0) {
@@ -61,14 +63,27 @@ class IndicationReceiver::Request {
       *size = 0;
       return MHD_YES;
     }
-    return request->answer(*static_cast<IndicationReceiver*>(receiver), connection, method);
+    return request->answer(connection, method);
   } catch (const std::exception&) {
     return MHD_NO;  // closes the connection: no exception may pass through the C library
   }
 
+  // Called when the answer has been sent, or the connection has gone.
   static void release(void*, MHD_Connection*, void** place, MHD_RequestTerminationCode) {
     delete static_cast<Request*>(*place);
     *place = nullptr;
+  }
+
+  explicit Request(IndicationReceiver& receiver) : receiver_(receiver) {
+    const std::lock_guard lock(receiver_.mutex_);
+    ++receiver_.at_work_;
+  }
+  Request(const Request&) = delete;
+  Request& operator=(const Request&) = delete;
+  ~Request() {
+    const std::lock_guard lock(receiver_.mutex_);
+    --receiver_.at_work_;
+    receiver_.answered_.notify_one();
   }
 
  private:
@@ -80,33 +95,32 @@ class IndicationReceiver::Request {
     body_.append(part);
   }
 
-  MHD_Result answer(IndicationReceiver& receiver, MHD_Connection* connection,
-                    std::string_view method) {
+  MHD_Result answer(MHD_Connection* connection, std::string_view method) {
     if (method != "POST" && method != "M-POST")
       return send(connection, MHD_HTTP_METHOD_NOT_ALLOWED, "", nullptr);
     if (too_long_) {
-      ++receiver.malformed_;
+      ++receiver_.malformed_;
       return send(connection, MHD_HTTP_CONTENT_TOO_LARGE, "", nullptr);
     }
-    return answer_document(receiver, connection);
+    return answer_document(connection);
   }
 
-  MHD_Result answer_document(IndicationReceiver& receiver, MHD_Connection* connection) {
+  MHD_Result answer_document(MHD_Connection* connection) {
     ExportOutcome outcome = read_export(std::move(body_));
     if (!outcome.is_xml) {
-      ++receiver.malformed_;
+      ++receiver_.malformed_;
       return send(connection, MHD_HTTP_BAD_REQUEST,
                   refusal("", invalid_parameter, "the request is no CIM-XML"),
                   "request-not-well-formed");
     }
     if (!outcome.indication) {
-      ++receiver.malformed_;
+      ++receiver_.malformed_;
       return send(connection, MHD_HTTP_OK,
                   refusal(outcome.message_id, invalid_parameter, "the request is no indication"),
                   nullptr);
     }
-    if (!receiver.queue_.push(std::move(*outcome.indication))) {
-      ++receiver.turned_away_;
+    if (!receiver_.queue_.push(std::move(*outcome.indication))) {
+      ++receiver_.turned_away_;
       return send(connection, MHD_HTTP_OK,
                   refusal(outcome.message_id, failed, "too many indications wait here already"),
                   nullptr);
@@ -114,6 +128,7 @@ class IndicationReceiver::Request {
     return send(connection, MHD_HTTP_OK, acceptance(outcome.message_id), nullptr);
   }
 
+  IndicationReceiver& receiver_;
   std::string body_;
   bool too_long_ = false;
 };
@@ -130,7 +145,7 @@ IndicationReceiver::IndicationReceiver(const std::string& address, std::uint16_t
     throw usage_failure(printable(address) + " is no IPv4 address to listen on");
   errno = 0;
   daemon_.reset(MHD_start_daemon(
-      MHD_USE_POLL_INTERNAL_THREAD, port, nullptr, nullptr, &Request::handle, this,
+      MHD_USE_POLL_INTERNAL_THREAD | MHD_USE_ITC, port, nullptr, nullptr, &Request::handle, this,
       MHD_OPTION_SOCK_ADDR, reinterpret_cast<const sockaddr*>(&place), MHD_OPTION_CONNECTION_LIMIT,
       connection_limit, MHD_OPTION_CONNECTION_TIMEOUT, connection_timeout,
       MHD_OPTION_NOTIFY_COMPLETED, &Request::release, nullptr, MHD_OPTION_END));
@@ -140,6 +155,13 @@ IndicationReceiver::IndicationReceiver(const std::string& address, std::uint16_t
 }
 
 IndicationReceiver::~IndicationReceiver() = default;
+
+void IndicationReceiver::finish() {
+  const MHD_socket listening = MHD_quiesce_daemon(daemon_.get());
+  if (listening != MHD_INVALID_SOCKET) listening_ = Descriptor(listening);
+  std::unique_lock lock(mutex_);
+  answered_.wait_for(lock, answer_patience, [this] { return at_work_ == 0; });
+}
 
 std::uint16_t IndicationReceiver::port() const {
   const MHD_DaemonInfo* info = MHD_get_daemon_info(daemon_.get(), MHD_DAEMON_INFO_BIND_PORT);

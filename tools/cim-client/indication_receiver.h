@@ -2,11 +2,14 @@
 #pragma once
 
 #include <atomic>
+#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <string>
 
+#include "descriptor.h"
 #include "indication_queue.h"
 
 struct MHD_Daemon;
@@ -28,6 +31,10 @@ class IndicationReceiver {
 
   std::uint16_t port() const;
 
+  // Takes no more connections, and waits until the requests at work have been answered, or for a
+  // few seconds. What was accepted is in the queue then.
+  void finish();
+
   // Requests refused so far: no indications, and those for which the queue had no room.
   std::size_t malformed() const { return malformed_; }
   std::size_t turned_away() const { return turned_away_; }
@@ -41,6 +48,10 @@ class IndicationReceiver {
   IndicationQueue& queue_;
   std::atomic<std::size_t> malformed_ = 0;
   std::atomic<std::size_t> turned_away_ = 0;
+  std::mutex mutex_;
+  std::condition_variable answered_;
+  std::size_t at_work_ = 0;  // requests not answered yet
+  Descriptor listening_;     // of a finished receiver; outlives the daemon
   std::unique_ptr<MHD_Daemon, Stop> daemon_;
 };
 

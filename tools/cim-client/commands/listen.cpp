@@ -85,15 +85,21 @@ void listen(Context& context, const Arguments& arguments) {
       arguments.listen_port == "0" ? std::uint16_t{0} : parse_port(arguments.listen_port);
   const EndSignals signals;  // before the receiver's thread begins, which then ignores them, too
   IndicationQueue queue(queue_capacity);
-  const IndicationReceiver receiver(arguments.listen_address, port, queue);
+  IndicationReceiver receiver(arguments.listen_address, port, queue);
   std::cerr << "cim-client: listening on http://" << arguments.listen_address << ":"
             << receiver.port() << "\n";
   std::uint64_t shown = 0;
-  while ((arguments.count == 0 || shown < arguments.count) && wait_for_indication(queue, signals)) {
+  const auto wanted = [&] { return arguments.count == 0 || shown < arguments.count; };
+  const auto show_next = [&] {
     std::optional<Indication> indication = queue.pop();
-    if (!indication) continue;
+    if (!indication) return false;
     show(context, *indication);
     ++shown;
+    return true;
+  };
+  while (wanted() && wait_for_indication(queue, signals)) show_next();
+  receiver.finish();
+  while (wanted() && show_next()) {  // their senders count on it
   }
   say_refused(receiver);
 }
