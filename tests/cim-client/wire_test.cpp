@@ -74,13 +74,14 @@ TEST(Wire, texts_inside_embedded_instances_are_escaped_once) {
   char value[] = "]]> & <";
   AddToProeprtyList(&parameter->value->instance->properties, "P", value, "string");
   escape_texts(parameter.get());
+  Property* const properties = parameter->value->instance->properties;
   EXPECT_EQ(sent(parameter.get(), Gen_ParamValue),
             "<PARAMVALUE NAME=\"Setting\"><VALUE><![CDATA[\n<INSTANCE CLASSNAME=\"CIM_S\">"
             "<PROPERTY NAME=\"P\" TYPE= \"string\"><VALUE>]]&gt; &amp; &lt;</VALUE></PROPERTY>"
             "</INSTANCE>]]></VALUE></PARAMVALUE>");
   // The writer unhooks the properties that it has written.
-  Free_Property(parameter->value->instance->properties);
-  parameter->value->instance->properties = nullptr;
+  EXPECT_EQ(parameter->value->instance->properties, nullptr);
+  Free_Property(properties);
 }
 
 TEST(Wire, null_records_are_left_alone) {

@@ -103,7 +103,10 @@ xmlSAXHandler make_handler() {
 }
 
 struct FreeParser {
-  void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
+  void operator()(xmlParserCtxtPtr parser) const {
+    xmlFreeDoc(parser->myDoc);  // made for a document type, and nobody else's
+    xmlFreeParserCtxt(parser);
+  }
 };
 
 std::string last_error(xmlParserCtxtPtr parser) {
