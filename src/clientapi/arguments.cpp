@@ -34,9 +34,9 @@ bool add_text(const ParamValue& parameter, const char* text, const ArgumentTarge
   CIMCValue value{};
   if (type->kind == Kind::String) {
     value.string = target.env->ft->newString(target.env, text, nullptr);
-    if (!value.string) return false;
+    if (!value.string || (target.kept && !target.kept->keep(value.string))) return false;
     add(target.args, parameter.name, value, type->code);
-    return !target.kept || target.kept->keep(value.string);
+    return true;
   }
   const Owned<CIMCDateTime> time(type->kind == Kind::DateTime ? make_date_time(target.env, text)
                                                               : nullptr);
@@ -51,9 +51,9 @@ bool add_reference(const ParamValue& parameter, const ArgumentTarget& target) {
   if (!parameter.name || !name) return false;
   CIMCValue value{};
   value.ref = make_reference_path(target.env, target.name_space, *name);
-  if (!value.ref) return false;
+  if (!value.ref || !target.kept->keep(value.ref)) return false;
   add(target.args, parameter.name, value, code::reference);
-  return target.kept->keep(value.ref);
+  return true;
 }
 
 bool add_embedded(const ParamValue& parameter, const ArgumentTarget& target) {
@@ -77,9 +77,8 @@ CIMCArray* make_instances(const Value* values, const ArgumentTarget& target) {
     if (!v->instance) continue;  // stays null
     CIMCValue element{};
     element.inst = make_instance(*v->instance, target);
-    if (!element.inst) return nullptr;
+    if (!element.inst || !target.kept->keep(element.inst)) return nullptr;
     Outcome(array->ft->setElementAt(array.get(), index, &element, code::instance));
-    if (!target.kept->keep(element.inst)) return nullptr;
   }
   return array.give();
 }

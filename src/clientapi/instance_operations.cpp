@@ -53,7 +53,9 @@ int CIMC_EnumInstanceNames(InstanceName** resultOut, const char* className, cons
   const Owned<CIMCEnumeration> names(
       session->enumInstanceNames(session.client(), path.get(), outcome.receive()));
   path.reset(nullptr);
-  return outcome.failed() ? report(outcome, errorOut) : collect_names(names.get(), resultOut);
+  if (outcome.failed()) return report(outcome, errorOut);
+  collect_names(names.get(), resultOut);
+  return 0;
 }
 
 int CIMC_GetInstance(Instance** resultOut, const InstanceName* instanceName, const char* /*host*/,
@@ -65,11 +67,12 @@ int CIMC_GetInstance(Instance** resultOut, const InstanceName* instanceName, con
   log_entry("GetInstance: classname: %s", shown(class_of(instanceName)));
   if (!is_complete(instanceName) || !nameSpace) return -1;
 
-  const Owned<CIMCObjectPath> path = make_instance_path(session, *instanceName, nameSpace);
+  Owned<CIMCObjectPath> path = make_instance_path(session, *instanceName, nameSpace);
   if (!path) return -1;
   Outcome outcome;
   const Owned<CIMCInstance> instance(
       session->getInstance(session.client(), path.get(), 0, nullptr, outcome.receive()));
+  path.reset(nullptr);
   if (outcome.failed()) return report(outcome, errorOut);
   return instance ? util_GetInstanceValues(instance.get(), resultOut) : -1;
 }
@@ -110,17 +113,21 @@ int CIMC_CreateInstance(InstanceName** resultOut, const Instance* newInstance,
   if (!class_name || !nameSpace) return -1;
 
   CIMCEnv* env = session.env();
-  const Owned<CIMCObjectPath> path(make_path(env, nameSpace, class_name));
+  Owned<CIMCObjectPath> path(make_path(env, nameSpace, class_name));
   if (!path) return -1;
-  const Owned<CIMCInstance> instance(env->ft->newInstance(env, path.get(), nullptr));
+  Owned<CIMCInstance> instance(env->ft->newInstance(env, path.get(), nullptr));
   if (!instance ||
       create_inst_req_add_props(nameSpace, newInstance, path.get(), instance.get(), env) != 0)
     return -1;
 
-  const Owned<CIMCObjectPath> target(instance->ft->getObjectPath(instance.get(), nullptr));
+  Owned<CIMCObjectPath> target(instance->ft->getObjectPath(instance.get(), nullptr));
+  if (!target) return -1;
   Outcome outcome;
   const Owned<CIMCObjectPath> created(
       session->createInstance(session.client(), target.get(), instance.get(), outcome.receive()));
+  target.reset(nullptr);
+  instance.reset(nullptr);
+  path.reset(nullptr);
   if (outcome.failed()) return report(outcome, errorOut);
   auto* record = allocate<InstanceName>();
   if (!record) return -1;

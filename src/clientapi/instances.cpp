@@ -38,7 +38,7 @@ bool has_value(const CIMCData& data) { return data.state == state_good; }
 
 bool add_simple(Property** list, const char* name, const CIMCData& data) {
   char* text = nullptr;
-  value2Chars(data.type, &data.value, &text);
+  if (value2Chars(data.type, &data.value, &text) != 0) return false;
   const int result = AddToProeprtyList(list, name, text, CIMC_getDataType(data.type));
   std::free(text);
   return result == 0;
@@ -107,8 +107,7 @@ bool collect(PropertyLists& lists, Object* object) {
 bool element_text(const TypeInfo& type, const CIMCData& data, char** text) {
   *text = nullptr;
   if (!is_readable(type, data.type)) return true;
-  value2Chars(type.code, &data.value, text);
-  return *text || (type.kind == Kind::String && !characters(data.value.string));
+  return value2Chars(type.code, &data.value, text) == 0;
 }
 
 }  // namespace

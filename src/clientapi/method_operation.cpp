@@ -42,12 +42,11 @@ extern "C" int CIMC_InvokeMethod(const InstanceName* instanceName, const char* m
   const LoggedExit logged("InvokeMethod");
   const Session session(user, password);
   if (!session) return not_called;
-  log_entry("InvokeMethod classname: %s", shown(class_of(instanceName)));
-
   CIMCEnv* env = session.env();
   Call call;
   call.in.reset(env->ft->newArgs(env, nullptr));
   call.out.reset(env->ft->newArgs(env, nullptr));
+  log_entry("InvokeMethod classname: %s", shown(class_of(instanceName)));
   if (!is_complete(instanceName) || !nameSpace || !call.in || !call.out) return not_called;
 
   call.path.reset(make_instance_path(session, *instanceName, nameSpace).give());

@@ -14,25 +14,10 @@ namespace {
 
 using StringGetter = CIMCString* (*)(CIMCObjectPath*, CIMCStatus*);
 
-// A copy of a text of a path; null when it has none or memory runs out.
-char* text_of(CIMCObjectPath* path, StringGetter getter) {
-  if (!getter) return nullptr;
-  const Owned<CIMCString> string(getter(path, nullptr));
-  return duplicate(characters(string.get()));
+// A text of a path; none when the path's table has no such slot.
+Owned<CIMCString> ask(CIMCObjectPath* path, StringGetter getter) {
+  return Owned<CIMCString>(getter ? getter(path, nullptr) : nullptr);
 }
-
-// A text that is freed.
-class Text {
- public:
-  explicit Text(char* text) : text_(text) {}
-  ~Text() { std::free(text_); }
-  Text(const Text&) = delete;
-  Text& operator=(const Text&) = delete;
-  const char* get() const { return text_; }
-
- private:
-  char* text_;
-};
 
 const char* last_segment(const char* name_space) {
   if (!name_space) return "";
@@ -50,21 +35,23 @@ Namespace* make_segment(const char* name) {
   return segment;
 }
 
-// A key as value2Chars() and CIMC_getDataType() say it.
+// A key as value2Chars() and CIMC_getDataType() say it.  False when memory runs out.
 class KeyText {
  public:
-  explicit KeyText(const CIMCData& data) : type_(CIMC_getDataType(data.type)) {
-    value2Chars(data.type, &data.value, &text_);
-  }
+  explicit KeyText(const CIMCData& data)
+      : is_complete_(value2Chars(data.type, &data.value, &text_) == 0),
+        type_(CIMC_getDataType(data.type)) {}
   ~KeyText() { std::free(text_); }
   KeyText(const KeyText&) = delete;
   KeyText& operator=(const KeyText&) = delete;
 
+  explicit operator bool() const { return is_complete_; }
   const char* text() const { return text_; }
   const char* type() const { return type_; }
 
  private:
   char* text_ = nullptr;
+  bool is_complete_;
   const char* type_;
 };
 
@@ -84,19 +71,20 @@ bool for_each_key(CIMCObjectPath* path, Visit visit) {
 bool collect_referenced_keys(CIMCObjectPath* path, KeyBinding** keys) {
   return for_each_key(path, [keys](const CIMCData& data, const char* name) {
     const KeyText key(data);
-    return AddToKeyBindingListRef(keys, name, key.text(), key.type(), nullptr) == 0;
+    return key && AddToKeyBindingListRef(keys, name, key.text(), key.type(), nullptr) == 0;
   });
 }
 
 bool add_reference_key(KeyBinding** keys, const char* name, CIMCObjectPath* path) {
-  const Text class_name(text_of(path, path->ft->getClassName));
-  const Text name_space(text_of(path, path->ft->getNameSpace));
+  const Owned<CIMCString> class_name = ask(path, path->ft->getClassName);
+  const Owned<CIMCString> name_space = ask(path, path->ft->getNameSpace);
+  const char* class_text = characters(class_name.get());
   KeyBinding* referenced = nullptr;
-  if (!class_name.get() || !collect_referenced_keys(path, &referenced)) {
+  if (!class_text || !collect_referenced_keys(path, &referenced)) {
     release(referenced);
     return false;
   }
-  return AddToKeyBindingList(keys, name, nullptr, nullptr, class_name.get(), name_space.get(),
+  return AddToKeyBindingList(keys, name, nullptr, nullptr, class_text, characters(name_space.get()),
                              referenced) == 0;
 }
 
@@ -104,33 +92,30 @@ bool add_key(KeyBinding** keys, const char* name, const CIMCData& data) {
   if (data.type == code::reference)
     return !data.value.ref || add_reference_key(keys, name, data.value.ref);
   const KeyText key(data);
-  return AddToKeyBindingList(keys, name, key.text(), key.type(), nullptr, nullptr, nullptr) == 0;
+  return key &&
+         AddToKeyBindingList(keys, name, key.text(), key.type(), nullptr, nullptr, nullptr) == 0;
 }
 
 }  // namespace
 
 ClassName* class_name_of(CIMCObjectPath* path) {
   if (!path || !path->ft) return nullptr;
-  char* text = text_of(path, path->ft->getClassName);
-  if (!text) return nullptr;
-  auto* name = allocate<ClassName>();
-  if (!name) {
-    std::free(text);
-    return nullptr;
-  }
-  name->name = text;
-  return name;
+  const Owned<CIMCString> text = ask(path, path->ft->getClassName);
+  auto* name = characters(text.get()) ? allocate<ClassName>() : nullptr;
+  if (!name || (name->name = duplicate(characters(text.get())))) return name;
+  release(name);
+  return nullptr;
 }
 
 NamespacePath* namespace_path_of(CIMCObjectPath* path) {
-  const Text name_space(text_of(path, path->ft->getNameSpace));
+  const Owned<CIMCString> name_space = ask(path, path->ft->getNameSpace);
   auto* result = allocate<NamespacePath>();
   if (!result) return nullptr;
   result->localNamespacePath = allocate<LocalNamespacePath>();
   if (result->localNamespacePath) {
     Namespace*& segments = result->localNamespacePath->namespaces;
     segments = make_segment("root");
-    if (segments) segments->next = make_segment(last_segment(name_space.get()));
+    if (segments) segments->next = make_segment(last_segment(characters(name_space.get())));
     if (segments && segments->next) return result;
   }
   release(result);

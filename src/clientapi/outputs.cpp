@@ -28,13 +28,11 @@ char* element_copy(const char* text) {
   return duplicate(text, length, length + 1 < element_room ? element_room - length - 1 : 0);
 }
 
-// The text of an output value, which the caller frees: booleans as "1" and "0", everything
-// else as value2Chars() gives it.
-char* output_text(const TypeInfo& type, const CIMCValue& value) {
-  if (type.kind == Kind::Boolean) return duplicate(value.uint8 ? "1" : "0");
-  char* text = nullptr;
-  value2Chars(type.code, &value, &text);
-  return text;
+// Stores the text of an output value, or null for what has none: booleans as "1" and "0",
+// everything else as value2Chars() gives it.  False when memory runs out.
+bool copy_output(const TypeInfo& type, const CIMCValue& value, char** text) {
+  if (type.kind != Kind::Boolean) return value2Chars(type.code, &value, text) == 0;
+  return (*text = duplicate(value.uint8 ? "1" : "0"));
 }
 
 // The type of an output value; real values are not handed out.
@@ -47,8 +45,7 @@ bool fill_scalar(ParamValue& record, const TypeInfo& type, const CIMCValue* valu
   record.paramType = duplicate(type.name);
   record.value = allocate<Value>();
   if (!record.paramType || !record.value) return false;
-  if (value) record.value->text = output_text(type, *value);
-  return true;
+  return !value || copy_output(type, *value, &record.value->text);
 }
 
 bool fill_reference(ParamValue& record, const CIMCValue* value) {
@@ -60,8 +57,7 @@ bool fill_reference(ParamValue& record, const CIMCValue* value) {
   if (!record.valueReference) return false;
   auto* path = record.valueReference->localInstancePath = allocate<LocalInstancePath>();
   if (!path || mapInvokeReturnValue(value->ref, &path->instanceName) != 0) return false;
-  value2Chars(code::reference, value, &record.value->text);
-  return true;
+  return value2Chars(code::reference, value, &record.value->text) == 0;
 }
 
 bool fill_references(ParamValue& record, const CIMCValue* value) {
@@ -86,7 +82,8 @@ bool fill_texts(ValueArray& record, const TypeInfo& type, CIMCArray* array) {
   Value** last = &record.values;
   const char* text = "";
   return for_each_element(array, [&](const CIMCData& data) {
-    char* own = is_readable(type, data.type) ? output_text(type, data.value) : nullptr;
+    char* own = nullptr;
+    if (is_readable(type, data.type) && !copy_output(type, data.value, &own)) return false;
     auto* value = *last = allocate<Value>();
     if (value) {
       value->text = element_copy(own ? own : text);
@@ -128,8 +125,13 @@ bool fill_value(ParamValue& record, CIMCType code, const CIMCValue* value) {
   if (code & code::array)
     return fill_array(record, static_cast<CIMCType>(code & ~code::array), value);
   if (code == code::reference) return fill_reference(record, value);
-  const TypeInfo* type = output_type(code);
-  return !type || fill_scalar(record, *type, value);
+  return fill_scalar(record, *output_type(code), value);
+}
+
+// Codes of values that are not handed out: their records stay empty, without a name even.
+bool is_handed_out(CIMCType code) {
+  return (code & cim::broker::code::array) || code == cim::broker::code::reference ||
+         output_type(code);
 }
 
 }  // namespace
@@ -139,8 +141,9 @@ extern "C" {
 int CIMC_Handle_Invoke_ReturnValues(uint32_t code, const void* value, const char* name,
                                     ParamValue* record) {
   if (!record) return -1;
-  if (name && !(record->name = duplicate(name))) return -1;
   const auto low = static_cast<CIMCType>(code);
+  if (!is_handed_out(low)) return 0;
+  if (name && !(record->name = duplicate(name))) return -1;
   return fill_value(*record, low, static_cast<const CIMCValue*>(value)) ? 0 : -1;
 }
 

@@ -22,7 +22,8 @@ CIMCStatus add_reference_key(CIMCObjectPath* path, const char* name, CIMCObjectP
 
 CIMCObjectPath* make_reference_path(CIMCEnv* env, const char* name_space,
                                     const InstanceName& name) {
-  CIMCObjectPath* path = make_path(env, name_space, text_of(name.className));
+  const char* class_name = text_of(name.className);
+  CIMCObjectPath* path = class_name ? make_path(env, name_space, class_name) : nullptr;
   if (!path) return nullptr;
   for (const KeyBinding* key = name.keyBindings; key; key = key->next) {
     if (!key->name || !key->keyValue || !key->keyValue->text) {

@@ -23,8 +23,8 @@ const InstanceName* referenced_name(const ValueReference* reference);
 CIMCStatus add_text_key(CIMCObjectPath* path, const char* name, const char* text);
 CIMCStatus add_reference_key(CIMCObjectPath* path, const char* name, CIMCObjectPath* reference);
 
-// A new path of a referenced instance, with its keys as texts.  Null when a key lacks its
-// name or text, or the broker makes none.
+// A new path of a referenced instance, with its keys as texts.  Null when the class name is
+// missing, a key lacks its name or text, or the broker makes none.
 CIMCObjectPath* make_reference_path(CIMCEnv* env, const char* name_space, const InstanceName& name);
 
 }  // namespace cim::broker

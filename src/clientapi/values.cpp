@@ -15,55 +15,67 @@ using namespace cim::broker;
 // Applications extend number texts in place: each has this room.
 constexpr std::size_t text_room = 128;
 
-char* roomy_copy(const char* text) {
+// The functions below store a new text, or null for what has none.  False when memory runs out.
+
+bool copy_roomily(const char* text, char** out) {
   const std::size_t length = std::strlen(text);
-  return cim::duplicate(text, length, text_room - length - 1);
+  return (*out = cim::duplicate(text, length, text_room - length - 1));
 }
 
-char* copy_of(CIMCString* string) { return cim::duplicate(characters(string)); }
+bool copy(const char* text, char** out) {
+  *out = cim::duplicate(text);
+  return *out || !text;
+}
 
-// The text of a new string object, which is released.
-char* take_text(CIMCString* string) {
+// From a new string object, which is released.
+bool copy_and_release(CIMCString* string, char** out) {
   const Owned<CIMCString> owned(string);
-  return copy_of(string);
+  return copy(characters(string), out);
 }
 
-char* reference_text(CIMCObjectPath* path) {
-  if (!path || !path->ft->toString) return nullptr;
-  return take_text(path->ft->toString(path, nullptr));
+bool copy_reference(CIMCObjectPath* path, char** out) {
+  if (!path || !path->ft->toString) return true;
+  return copy_and_release(path->ft->toString(path, nullptr), out);
 }
 
-char* date_time_text(CIMCDateTime* time) {
-  return time ? take_text(time->ft->getStringFormat(time, nullptr)) : nullptr;
+bool copy_date_time(CIMCDateTime* time, char** out) {
+  return !time || copy_and_release(time->ft->getStringFormat(time, nullptr), out);
 }
 
-char* integer_text(const TypeInfo& type, const CIMCValue& value) {
+bool copy_integer(const TypeInfo& type, const CIMCValue& value, char** out) {
   char text[number_room];
   write_integer(type, value, text);
-  return roomy_copy(text);
+  return copy_roomily(text, out);
 }
 
-char* real_text(double number) {
+bool copy_real(double number, char** out) {
   char text[number_room];
   std::snprintf(text, sizeof text, "%g", number);
-  return roomy_copy(text);
+  return copy_roomily(text, out);
 }
 
-char* scalar_text(const TypeInfo& type, const CIMCValue& value) {
+bool copy_scalar(const TypeInfo& type, const CIMCValue& value, char** out) {
   switch (type.kind) {
     case Kind::Boolean:
-      return cim::duplicate(value.boolean ? "true" : "false");
+      return copy(value.boolean ? "true" : "false", out);
     case Kind::Real:
-      return real_text(type.bits == 32 ? double{value.real32} : value.real64);
+      return copy_real(type.bits == 32 ? double{value.real32} : value.real64, out);
     case Kind::Unsigned:
     case Kind::Signed:
-      return integer_text(type, value);
+      return copy_integer(type, value, out);
     case Kind::DateTime:
-      return date_time_text(value.dateTime);
+      return copy_date_time(value.dateTime, out);
     case Kind::String:
-      return copy_of(value.string);
+      return copy(characters(value.string), out);
   }
-  return nullptr;
+  return true;
+}
+
+bool copy_value(CIMCType code, const CIMCValue& value, char** out) {
+  if (code == cim::broker::code::reference) return copy_reference(value.ref, out);
+  if (is_string_code(code)) return copy(characters(value.string), out);
+  const TypeInfo* type = type_of(code);
+  return !type || copy_scalar(*type, value, out);
 }
 
 }  // namespace
@@ -73,13 +85,5 @@ extern "C" int value2Chars(uint32_t code, const void* value, char** textOut) {
   *textOut = nullptr;
   if (!value) return 0;
   const auto low = static_cast<CIMCType>(code);
-  const auto& data = *static_cast<const CIMCValue*>(value);
-  if (low == cim::broker::code::reference) {
-    *textOut = reference_text(data.ref);
-  } else if (is_string_code(low)) {
-    *textOut = copy_of(data.string);
-  } else if (const TypeInfo* type = type_of(low)) {
-    *textOut = scalar_text(*type, data);
-  }
-  return 0;
+  return copy_value(low, *static_cast<const CIMCValue*>(value), textOut) ? 0 : -1;
 }

@@ -1,6 +1,8 @@
 // Keys of records as keys of broker paths.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "clientapi/local_records.h"
 #include "support/scripted_broker.h"
 
@@ -54,6 +56,86 @@ TEST(LocalKeys, a_reference_is_carried_over_to_the_plain_key_after_it) {
   EXPECT_EQ(target.text(),
             "root/cimv2:CIM_Fan.A=reference root/cimv2:CIM_Chassis.Tag=\"chassis1\","
             "B=reference root/cimv2:CIM_Chassis.Tag=\"chassis1\"");
+  Free_KeyBinding(keys);
+}
+
+TEST(LocalKeys, a_reference_is_carried_over_until_the_next_reference) {
+  ScriptedBroker broker;
+  Target target;
+  KeyBinding* keys = reference_key("A");
+  AddToKeyBindingListRef(&keys, "B", "text", "string", nullptr);
+  keys->next->next = reference_key("C");
+  KeyBinding* third = keys->next->next;
+  Clone_PCData(
+      "chassis2",
+      &third->valueReference->localInstancePath->instanceName->keyBindings->keyValue->text);
+  AddToKeyBindingListRef(&keys, "D", "text", "string", nullptr);
+  EXPECT_EQ(target.add(keys), 0);
+  EXPECT_EQ(target.text(),
+            "root/cimv2:CIM_Fan.A=reference root/cimv2:CIM_Chassis.Tag=\"chassis1\","
+            "B=reference root/cimv2:CIM_Chassis.Tag=\"chassis1\","
+            "C=reference root/cimv2:CIM_Chassis.Tag=\"chassis2\","
+            "D=reference root/cimv2:CIM_Chassis.Tag=\"chassis2\"");
+  Free_KeyBinding(keys);
+}
+
+// A reference that holds neither a local path nor a name ends the carrying over.
+TEST(LocalKeys, an_empty_reference_is_no_reference) {
+  ScriptedBroker broker;
+  Target target;
+  KeyBinding* keys = reference_key("A");
+  AddToKeyBindingListRef(&keys, "B", "text", "string", nullptr);
+  keys->next->valueReference = static_cast<ValueReference*>(std::calloc(1, sizeof(ValueReference)));
+  EXPECT_EQ(target.add(keys), 0);
+  EXPECT_EQ(target.text(),
+            "root/cimv2:CIM_Fan.A=reference root/cimv2:CIM_Chassis.Tag=\"chassis1\",B=\"text\"");
+  Free_KeyBinding(keys);
+}
+
+TEST(LocalKeys, a_reference_is_also_a_plain_name_and_the_local_path_goes_first) {
+  ScriptedBroker broker;
+  KeyBinding* keys = reference_key("A");
+  const Named plain("CIM_Rack", {{"Tag", "rack1"}});
+  keys->valueReference->instanceName = plain.get;
+  Target both;
+  EXPECT_EQ(both.add(keys), 0);
+  EXPECT_EQ(both.text(), "root/cimv2:CIM_Fan.A=reference root/cimv2:CIM_Chassis.Tag=\"chassis1\"");
+  LocalInstancePath* path = std::exchange(keys->valueReference->localInstancePath, nullptr);
+  Target alone;
+  EXPECT_EQ(alone.add(keys), 0);
+  EXPECT_EQ(alone.text(), "root/cimv2:CIM_Fan.A=reference root/cimv2:CIM_Rack.Tag=\"rack1\"");
+  keys->valueReference->localInstancePath = path;
+  keys->valueReference->instanceName = nullptr;
+  Free_KeyBinding(keys);
+}
+
+TEST(LocalKeys, a_local_path_without_a_name_or_keys_fails_and_without_a_class_adds_nothing) {
+  ScriptedBroker broker;
+  Target target;
+  KeyBinding* keys = reference_key("A");
+  InstanceName*& name = keys->valueReference->localInstancePath->instanceName;
+  char* class_text = std::exchange(name->className->name, nullptr);
+  EXPECT_EQ(target.add(keys), 0);
+  name->className->name = class_text;
+  KeyBinding* inner = std::exchange(name->keyBindings, nullptr);
+  EXPECT_EQ(target.add(keys), -1);
+  name->keyBindings = inner;
+  InstanceName* whole = std::exchange(name, nullptr);
+  EXPECT_EQ(target.add(keys), -1);
+  keys->valueReference->localInstancePath->instanceName = whole;
+  EXPECT_EQ(target.text(), "root/cimv2:CIM_Fan");
+  Free_KeyBinding(keys);
+}
+
+// The status of a text's key is ignored, that of a reference's is not.
+TEST(LocalKeys, a_reference_that_the_broker_refuses_fails_and_a_text_does_not) {
+  ScriptedBroker broker;
+  broker.script.refused = {"addKey"};
+  Target target;
+  const Named texts("CIM_Fan");
+  EXPECT_EQ(target.add(texts.get->keyBindings), 0);
+  KeyBinding* keys = reference_key("A");
+  EXPECT_EQ(target.add(keys), -1);
   Free_KeyBinding(keys);
 }
 

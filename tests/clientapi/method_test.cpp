@@ -231,6 +231,69 @@ TEST(LocalMethod, a_reference_comes_out_as_a_local_path_and_as_a_text) {
   Free_ParamValue(parameters);
 }
 
+// Codes that are not handed out leave a record without anything, even without its name.
+TEST(LocalMethod, a_real_or_a_char_comes_out_as_an_empty_parameter) {
+  ScriptedBroker broker;
+  broker.script.out = {{"R", number(code::real64, &CIMCValue::real64, 1.5)},
+                       {"C", number(code::char16, &CIMCValue::char16, std::uint16_t{65})}};
+  ParamValue* parameters = nullptr;
+  invoke(nullptr, &parameters);
+  for (const ParamValue* p : {parameters, parameters->next}) {
+    EXPECT_EQ(p->name, nullptr);
+    EXPECT_EQ(p->paramType, nullptr);
+    EXPECT_EQ(p->value, nullptr);
+    EXPECT_EQ(p->valueArray, nullptr);
+    EXPECT_EQ(p->valueReference, nullptr);
+  }
+  EXPECT_EQ(parameters->next->next, nullptr);
+  Free_ParamValue(parameters);
+}
+
+TEST(LocalMethod, the_first_element_without_text_is_empty) {
+  sandbox_local::ArrayObject array(2, code::string);
+  array.elements = {sandbox_local::null_of(code::string), sandbox_local::text("b")};
+  EXPECT_EQ(outputs({{"A", sandbox_local::array(array)}}),
+            "<PARAMVALUE NAME=\"A\" PARAMTYPE=\"string\"><VALUE.ARRAY><VALUE></VALUE>"
+            "<VALUE>b</VALUE></VALUE.ARRAY></PARAMVALUE>");
+}
+
+TEST(LocalMethod, arrays_of_other_types_come_out_as_strings_without_text) {
+  ScriptedBroker broker;
+  sandbox_local::ArrayObject array(2, code::real64);
+  array.elements = {number(code::real64, &CIMCValue::real64, 1.5),
+                    number(code::real64, &CIMCValue::real64, 2.5)};
+  broker.script.out = {{"R", sandbox_local::array(array)}};
+  ParamValue* parameters = nullptr;
+  invoke(nullptr, &parameters);
+  ASSERT_NE(parameters, nullptr);
+  EXPECT_STREQ(parameters->paramType, "string");
+  const Value* value = parameters->valueArray->values;
+  EXPECT_EQ(value->text, nullptr);
+  EXPECT_EQ(value->instance, nullptr);
+  EXPECT_EQ(value->next->text, nullptr);
+  EXPECT_EQ(value->next->next, nullptr);
+  Free_ParamValue(parameters);
+}
+
+TEST(LocalMethod, an_array_of_references_comes_out_as_local_paths) {
+  ScriptedBroker broker;
+  sandbox_local::ArrayObject array(2, code::reference);
+  array.elements = {sandbox_local::reference(fan_path("fan1")),
+                    sandbox_local::reference(fan_path("fan2"))};
+  broker.script.out = {{"R", sandbox_local::array(array)}};
+  ParamValue* parameters = nullptr;
+  invoke(nullptr, &parameters);
+  ASSERT_NE(parameters, nullptr);
+  EXPECT_STREQ(parameters->paramType, "reference");
+  const ValueReference* reference = parameters->valueRefArray->valueReferences;
+  for (const char* id : {"fan1", "fan2"}) {
+    EXPECT_STREQ(reference->localInstancePath->instanceName->keyBindings->keyValue->text, id);
+    reference = reference->next;
+  }
+  EXPECT_EQ(reference, nullptr);
+  Free_ParamValue(parameters);
+}
+
 TEST(LocalMethod, array_texts_have_room_of_512_bytes) {
   sandbox_local::ArrayObject array(1, code::uint8);
   array.elements = {number(code::uint8, &CIMCValue::uint8, std::uint8_t{5})};

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <tuple>
 
 #include "clientapi/local_records.h"
 #include "support/scripted_broker.h"
@@ -39,6 +40,18 @@ struct Target {
   }
 };
 
+std::string set_array(const char* type, std::initializer_list<const char*> values, int expected) {
+  Target target;
+  auto* array = static_cast<ValueArray*>(std::calloc(1, sizeof(ValueArray)));
+  for (const char* value : values) AddToValueList(&array->values, value);
+  PropertyArray* property = nullptr;
+  AddToPropertyArrayList(&property, "A", array, type);
+  EXPECT_EQ(_add_property_array_to_req(property, target.instance, target.env), expected);
+  Free_PropertyArray(property);
+  const sandbox_local::Datum* datum = sandbox_local::find(target.object.properties, "A");
+  return datum ? std::to_string(datum->type) + " " + describe(*datum) : "";
+}
+
 TEST(LocalProperties, texts_become_values_of_their_types) {
   const struct {
     const char* type;
@@ -71,6 +84,73 @@ TEST(LocalProperties, texts_become_values_of_their_types) {
   }
 }
 
+TEST(LocalProperties, a_64_bit_text_is_clipped_to_the_limits_of_32_bits) {
+  ScriptedBroker broker;
+  for (const char* text : {"2147483648", "5000000000", "18446744073709551615", "1e9999999999",
+                           "99999999999999999999999999"}) {
+    Target target;
+    const bool small = text[1] == 'e';
+    EXPECT_EQ(target.set("uint64", text), small ? "uint64 1" : "uint64 2147483647") << text;
+  }
+  for (const char* text : {"-2147483649", "-5000000000", "-99999999999999999999999999"}) {
+    Target target;
+    EXPECT_EQ(target.set("sint64", text), "sint64 -2147483648") << text;
+  }
+  Target sign_extended;
+  EXPECT_EQ(sign_extended.set("uint64", "-1"), "uint64 18446744073709551615");
+}
+
+// What the type has no room for is cut off after the text was clipped.
+TEST(LocalProperties, smaller_numbers_keep_the_low_bits_of_the_clipped_one) {
+  ScriptedBroker broker;
+  for (const auto& [type, text, expected] : {std::tuple{"uint8", "5000000000", "uint8 255"},
+                                             {"sint8", "5000000000", "sint8 -1"},
+                                             {"uint16", "65536", "uint16 0"},
+                                             {"sint16", "-5000000000", "sint16 0"},
+                                             {"uint32", "-1", "uint32 4294967295"}}) {
+    Target target;
+    EXPECT_EQ(target.set(type, text), expected) << type << " " << text;
+  }
+}
+
+TEST(LocalProperties, of_boolean_texts_only_upper_case_true_is_true) {
+  ScriptedBroker broker;
+  for (const char* text : {"true", "True", "FALSE", "1", "TRUE "}) {
+    Target target;
+    EXPECT_EQ(target.set("boolean", text), "boolean false") << text;
+  }
+  Target target;
+  EXPECT_EQ(target.set("boolean", "TRUE"), "boolean true");
+}
+
+TEST(LocalProperties, an_array_that_the_broker_refuses_fails_and_a_scalar_does_not) {
+  ScriptedBroker broker;
+  broker.script.refused = {"setProperty"};
+  EXPECT_EQ(set_array("uint16", {"1"}, -1), "");
+  Target target;
+  EXPECT_EQ(target.set("uint16", "1"), "");
+}
+
+TEST(LocalProperties, a_date_time_that_cannot_be_made_is_null) {
+  ScriptedBroker broker;
+  broker.script.refused = {"date-time"};
+  Target target;
+  EXPECT_EQ(target.set("datetime", "20240101000000.000000+000"), "null 6144");
+}
+
+TEST(LocalProperties, a_modified_instance_sends_no_references_and_reports_success) {
+  ScriptedBroker broker;
+  Target target;
+  PropertyReference reference{};
+  Property incomplete{};
+  Instance instance{};
+  instance.properties = &incomplete;
+  instance.propertyReferences = &reference;
+  const NamedInstance named{nullptr, &instance, nullptr};
+  EXPECT_EQ(add_value_to_mi_req(&named, target.instance, target.env), 0);
+  EXPECT_TRUE(target.object.properties.empty());
+}
+
 TEST(LocalProperties, no_value_is_a_null_of_the_type) {
   ScriptedBroker broker;
   for (const auto& [type, expected] : {std::pair{"uint32", "null 160"},
@@ -93,18 +173,6 @@ TEST(LocalProperties, a_missing_name_or_type_fails) {
   property.name = nullptr;
   property.type = text;
   EXPECT_EQ(add_properties_to_req(&property, target.instance, target.env), -1);
-}
-
-std::string set_array(const char* type, std::initializer_list<const char*> values, int expected) {
-  Target target;
-  auto* array = static_cast<ValueArray*>(std::calloc(1, sizeof(ValueArray)));
-  for (const char* value : values) AddToValueList(&array->values, value);
-  PropertyArray* property = nullptr;
-  AddToPropertyArrayList(&property, "A", array, type);
-  EXPECT_EQ(_add_property_array_to_req(property, target.instance, target.env), expected);
-  Free_PropertyArray(property);
-  const sandbox_local::Datum* datum = sandbox_local::find(target.object.properties, "A");
-  return datum ? std::to_string(datum->type) + " " + describe(*datum) : "";
 }
 
 TEST(LocalProperties, arrays_carry_their_element_code_and_the_array_flag) {

@@ -64,6 +64,23 @@ TEST(LocalResults, most_array_types_have_no_name) {
   Free_Instance(record);
 }
 
+// The list builder puts the text into upper case; keys keep it as it is.
+TEST(LocalResults, a_boolean_property_is_upper_case_and_a_boolean_key_is_not) {
+  ScriptedBroker broker;
+  const sandbox_local::Datum truth =
+      number(code::boolean, &CIMCValue::boolean, sandbox_local::CIMCBoolean{1});
+  Instance* record = mapped({{"B", truth}});
+  EXPECT_STREQ(record->properties->value->text, "TRUE");
+  Free_Instance(record);
+  sandbox_local::Path path("root/cimv2", "CIM_Fan");
+  sandbox_local::member(path.keys, "B") = truth;
+  KeyBinding* keys = nullptr;
+  EXPECT_EQ(GetKeyBindingValues(static_cast<sandbox_local::CIMCObjectPath*>(&path), &keys), 0);
+  EXPECT_STREQ(keys->keyValue->text, "true");
+  EXPECT_STREQ(keys->keyValue->valueType, "boolean");
+  Free_KeyBinding(keys);
+}
+
 TEST(LocalResults, arrays_of_booleans_give_no_values) {
   ScriptedBroker broker;
   Instance* record =

@@ -14,6 +14,9 @@ ScriptedBroker::ScriptedBroker() {
   current_script() = &script;
   Ledger::of_process().forget_complaints();
   Ledger::of_process().listener = [this](const std::string& call) { calls_.push_back(call); };
+  Ledger::of_process().release_listener = [this](const std::string& kind) {
+    if (kind != "string") released_.push_back(kind);
+  };
 }
 
 ScriptedBroker::~ScriptedBroker() {
@@ -21,11 +24,17 @@ ScriptedBroker::~ScriptedBroker() {
   EXPECT_EQ(ledger.live(), std::vector<std::string>());
   EXPECT_EQ(ledger.complaints(), std::vector<std::string>());
   ledger.listener = nullptr;
+  ledger.release_listener = nullptr;
   current_script() = nullptr;
 }
 
 bool ScriptedBroker::was_called(const std::string& call) const {
   return std::find(calls_.begin(), calls_.end(), call) != calls_.end();
+}
+
+bool ScriptedBroker::was_asked(const std::string& name) const {
+  return std::any_of(calls_.begin(), calls_.end(),
+                     [&](const std::string& call) { return call.starts_with(name + ' '); });
 }
 
 }  // namespace support

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,9 @@ namespace support {
 // What the broker answers to whatever it is asked next.
 struct Script {
   bool connects = true;
-  int code = 0;                        // CIM status code
-  std::optional<std::string> message;  // nothing: no message object
+  std::set<std::string, std::less<>> refused;  // kinds of objects and names of calls
+  int code = 0;                                // CIM status code
+  std::optional<std::string> message;          // nothing: no message object
   // Nothing: calls give no enumeration, instance, class or path.
   std::optional<std::vector<sandbox_local::Datum>> elements;
   std::shared_ptr<sandbox_local::InstanceObject> instance;
@@ -40,9 +42,15 @@ class ScriptedBroker {
   // Every call with its arguments, in order.
   const std::vector<std::string>& calls() const { return calls_; }
   bool was_called(const std::string& call) const;
+  // True when a call of that name was made.
+  bool was_asked(const std::string& name) const;
+
+  // The kinds of the objects that were released, in order, but for strings.
+  const std::vector<std::string>& released() const { return released_; }
 
  private:
   std::vector<std::string> calls_;
+  std::vector<std::string> released_;
 };
 
 }  // namespace support

@@ -22,6 +22,9 @@ using support::current_script;
 
 class Scripted final : public Broker {
  public:
+  bool refuses(std::string_view kind_or_call) override {
+    return current_script() && current_script()->refused.contains(kind_or_call);
+  }
   bool connect(const char*, const char*) override {
     return current_script() && current_script()->connects;
   }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "objects.h"
@@ -44,6 +45,9 @@ struct Filter {
 class Broker {
  public:
   virtual ~Broker() = default;
+
+  // True: no object of that kind ("object path") is made, or calls of that name ("addKey") fail.
+  virtual bool refuses(std::string_view /*kind_or_call*/) { return false; }
 
   // False: no connection.
   virtual bool connect(const char* user, const char* password) = 0;

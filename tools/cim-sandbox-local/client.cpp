@@ -71,39 +71,41 @@ CIMCClient* connect2(CIMCEnv* env, const char* host, const char* scheme, const c
   return connect(env, host, scheme, port, user, password, status);
 }
 
+// A new object of the environment; null when the broker refuses.
+template <class Handle, class Made>
+Handle* make(std::unique_ptr<Made> object, CIMCStatus* status) {
+  const bool refused = broker_of_process().refuses(Behind<Handle>::kind);
+  set_status(status, refused ? failed : 0);
+  return refused ? nullptr : give<Handle>(std::move(object));
+}
+
 CIMCInstance* new_instance(CIMCEnv*, const CIMCObjectPath* path, CIMCStatus* status) {
-  set_status(status, 0);
   note("newInstance " + describe(self(path)));
-  return give<CIMCInstance>(std::make_unique<InstanceObject>(self(path)));
+  return make<CIMCInstance>(std::make_unique<InstanceObject>(self(path)), status);
 }
 
 CIMCObjectPath* new_object_path(CIMCEnv*, const char* name_space, const char* class_name,
                                 CIMCStatus* status) {
-  set_status(status, 0);
   note("newObjectPath " + quoted(name_space) + " " + quoted(class_name));
-  return give<CIMCObjectPath>(
-      std::make_unique<Path>(name_space ? name_space : "", class_name ? class_name : ""));
+  return make<CIMCObjectPath>(
+      std::make_unique<Path>(name_space ? name_space : "", class_name ? class_name : ""), status);
 }
 
 CIMCArgs* new_args(CIMCEnv*, CIMCStatus* status) {
-  set_status(status, 0);
-  return give<CIMCArgs>(std::make_unique<Arguments>());
+  return make<CIMCArgs>(std::make_unique<Arguments>(), status);
 }
 
 CIMCString* new_string(CIMCEnv*, const char* text, CIMCStatus* status) {
-  set_status(status, 0);
-  return give_text(text ? text : "");
+  return make<CIMCString>(std::make_unique<Text>(text ? text : ""), status);
 }
 
 CIMCArray* new_array(CIMCEnv*, CIMCCount size, CIMCType element, CIMCStatus* status) {
-  set_status(status, 0);
   note("newArray " + std::to_string(size) + " " + std::to_string(element));
-  return give<CIMCArray>(std::make_unique<ArrayObject>(size, element));
+  return make<CIMCArray>(std::make_unique<ArrayObject>(size, element), status);
 }
 
 CIMCDateTime* new_time(std::string text, CIMCStatus* status) {
-  set_status(status, 0);
-  return give<CIMCDateTime>(std::make_unique<Time>(std::move(text)));
+  return make<CIMCDateTime>(std::make_unique<Time>(std::move(text)), status);
 }
 CIMCDateTime* new_date_time(CIMCEnv*, CIMCStatus* status) {
   return new_time("19700101000000.000000+000", status);

@@ -12,7 +12,10 @@ Ledger& Ledger::of_process() {
 
 void Ledger::born(const void* object, std::string_view kind) { live_[object] = kind; }
 
-void Ledger::died(const void* object) { live_.erase(object); }
+void Ledger::died(const void* object) {
+  const auto entry = live_.extract(object);
+  if (entry && release_listener) release_listener(entry.mapped());
+}
 
 bool Ledger::is_live(const void* object, std::string_view use) {
   if (live_.contains(object)) return true;

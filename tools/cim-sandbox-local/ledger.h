@@ -34,6 +34,9 @@ class Ledger {
   void note(std::string call);
   std::function<void(const std::string& call)> listener;
 
+  // Told the kind of each object that ends, when there is one.
+  std::function<void(const std::string& kind)> release_listener;
+
   void forget_complaints() { complaints_.clear(); }
 
  private:

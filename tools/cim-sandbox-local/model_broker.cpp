@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "model/view.h"
 #include "model_values.h"
 #include "mof/reader.h"
 
@@ -19,6 +20,13 @@ Into failure(const sandbox::Error& error) {
   Into answer;
   answer.code = static_cast<int>(error.code);
   answer.message = error.description;
+  return answer;
+}
+
+// A failed call gives no value, as the broker's own.
+MethodAnswer refused(const sandbox::Error& error) {
+  auto answer = failure<MethodAnswer>(error);
+  answer.returned = {code::null, state_not_found, {}};
   return answer;
 }
 
@@ -47,6 +55,11 @@ ElementsAnswer found_elements(const std::vector<FoundInstance>& found, Wanted wa
 ElementsAnswer found_elements(const sandbox::Outcome<std::vector<FoundInstance>>& found,
                               Wanted wanted) {
   return found ? found_elements(*found, wanted) : failure<ElementsAnswer>(found.error());
+}
+
+bool is_number_or_boolean(sandbox::Type type) {
+  return type != sandbox::Type::String && type != sandbox::Type::DateTime &&
+         type != sandbox::Type::Char16 && type != sandbox::Type::Reference;
 }
 
 sandbox::AssociatorFilter associator_filter(const Filter& filter) {
@@ -85,6 +98,19 @@ ModelBroker::ModelBroker(std::string_view files) : manager_(repository_) {
 
 bool ModelBroker::connect(const char*, const char*) { return is_read_; }
 
+// Texts name no number and no boolean: brokers compare keys with their types.
+sandbox::Outcome<ObjectPath> ModelBroker::address(const Path& path) const {
+  const auto of_class = manager_.get_class(path.name_space, path.class_name);
+  if (!of_class) return model_path(path);  // for the operation to complain of
+  for (const Member& key : path.keys) {
+    const sandbox::Property* property = (*of_class)->find_property(key.name);
+    if (property && key.datum.type == code::string && is_number_or_boolean(property->type.type))
+      return sandbox::Error{sandbox::ErrorCode::NotFound,
+                            "the key " + property->name + " is no text"};
+  }
+  return model_path(path);
+}
+
 ClassAnswer ModelBroker::get_class(const Path& path) {
   const auto found = manager_.get_class(path.name_space, path.class_name);
   if (!found) return failure<ClassAnswer>(found.error());
@@ -105,7 +131,9 @@ ElementsAnswer ModelBroker::class_names(const Path& path, bool deep) {
 }
 
 InstanceAnswer ModelBroker::get_instance(const Path& path) {
-  const auto found = manager_.get_instance(model_path(path));
+  const auto target = address(path);
+  if (!target) return failure<InstanceAnswer>(target.error());
+  const auto found = manager_.get_instance(*target);
   if (!found) return failure<InstanceAnswer>(found.error());
   InstanceAnswer answer;
   answer.instance = std::make_unique<InstanceObject>(
@@ -123,13 +151,17 @@ PathAnswer ModelBroker::create_instance(const Path& path, const InstanceObject& 
 }
 
 Answer ModelBroker::set_instance(const Path& path, const InstanceObject& instance) {
-  const auto done = manager_.modify_instance(
-      model_path(path), GivenValues(manager_).instance(instance), std::nullopt);
+  const auto target = address(path);
+  if (!target) return failure<Answer>(target.error());
+  const auto done =
+      manager_.modify_instance(*target, GivenValues(manager_).instance(instance), std::nullopt);
   return done ? Answer{} : failure<Answer>(done.error());
 }
 
 Answer ModelBroker::delete_instance(const Path& path) {
-  const auto done = manager_.delete_instance(model_path(path));
+  const auto target = address(path);
+  if (!target) return failure<Answer>(target.error());
+  const auto done = manager_.delete_instance(*target);
   return done ? Answer{} : failure<Answer>(done.error());
 }
 
@@ -148,33 +180,43 @@ ElementsAnswer ModelBroker::instance_names(const Path& path) {
   return elements(std::move(content));
 }
 
-ElementsAnswer ModelBroker::instances(const Path& path, bool /*deep*/) {
+ElementsAnswer ModelBroker::instances(const Path& path, bool deep) {
   const auto found = manager_.enumerate_instances(path.name_space, path.class_name);
   if (!found) return failure<ElementsAnswer>(found.error());
+  const auto asked_for = manager_.get_class(path.name_space, path.class_name);
+  sandbox::Wishes wishes;
+  wishes.deep = deep;
+  const sandbox::View view(wishes, asked_for ? *asked_for : nullptr);
   std::vector<Datum> content;
   for (const sandbox::Instance* one : *found)
-    content.push_back(instance(instance_of(sandbox::path_of(*one, path.name_space), *one)));
+    content.push_back(instance(instance_of(sandbox::path_of(*one, path.name_space), *one,
+                                           view.positions(*one->of_class))));
   return elements(std::move(content));
 }
 
 ElementsAnswer ModelBroker::associators(const Path& path, const Filter& filter) {
-  return found_elements(manager_.associators(model_path(path), associator_filter(filter)),
+  const auto target = address(path);
+  if (!target) return failure<ElementsAnswer>(target.error());
+  return found_elements(manager_.associators(*target, associator_filter(filter)),
                         Wanted::Instances);
 }
 
 ElementsAnswer ModelBroker::associator_names(const Path& path, const Filter& filter) {
-  return found_elements(manager_.associators(model_path(path), associator_filter(filter)),
-                        Wanted::Paths);
+  const auto target = address(path);
+  if (!target) return failure<ElementsAnswer>(target.error());
+  return found_elements(manager_.associators(*target, associator_filter(filter)), Wanted::Paths);
 }
 
 ElementsAnswer ModelBroker::references(const Path& path, const Filter& filter) {
-  return found_elements(manager_.references(model_path(path), reference_filter(filter)),
-                        Wanted::Instances);
+  const auto target = address(path);
+  if (!target) return failure<ElementsAnswer>(target.error());
+  return found_elements(manager_.references(*target, reference_filter(filter)), Wanted::Instances);
 }
 
 ElementsAnswer ModelBroker::reference_names(const Path& path, const Filter& filter) {
-  return found_elements(manager_.references(model_path(path), reference_filter(filter)),
-                        Wanted::Paths);
+  const auto target = address(path);
+  if (!target) return failure<ElementsAnswer>(target.error());
+  return found_elements(manager_.references(*target, reference_filter(filter)), Wanted::Paths);
 }
 
 // A string comes as bare characters, which stay the broker's until the next call.
@@ -187,17 +229,14 @@ CIMCData ModelBroker::returned_data(const Datum& datum) {
   return {code::chars, state_good, value};
 }
 
-// A failed call gives no value, as the broker's own.
 MethodAnswer ModelBroker::invoke_method(const Path& path, const char* method, const Arguments& in) {
+  const auto target = address(path);
+  if (!target) return refused(target.error());
   std::vector<sandbox::GivenValue> arguments;
   for (const Member& argument : in.members)
     arguments.push_back(GivenValues(manager_).value(argument));
-  const auto result = manager_.invoke_method(model_path(path), method ? method : "", arguments);
-  if (!result) {
-    auto answer = failure<MethodAnswer>(result.error());
-    answer.returned = {code::null, state_not_found, {}};
-    return answer;
-  }
+  const auto result = manager_.invoke_method(*target, method ? method : "", arguments);
+  if (!result) return refused(result.error());
   MethodAnswer answer;
   answer.returned = returned_data(datum_of(result->return_value, result->method->type));
   for (const sandbox::OutArgument& out : result->out)

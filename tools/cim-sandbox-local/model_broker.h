@@ -34,6 +34,8 @@ class ModelBroker final : public Broker {
 
  private:
   CIMCData returned_data(const Datum& datum);
+  // The instance that a client's path names; an error when its keys cannot name one.
+  sandbox::Outcome<sandbox::ObjectPath> address(const Path& path) const;
 
   std::string returned_text_;
   bool is_read_ = false;

@@ -1,6 +1,7 @@
 #include "model_values.h"
 
 #include <array>
+#include <numeric>
 #include <utility>
 
 #include "handed_out.h"
@@ -172,9 +173,16 @@ sandbox::ObjectPath model_path(const Path& path) {
 }
 
 InstanceObject instance_of(const sandbox::ObjectPath& path, const sandbox::Instance& instance) {
+  std::vector<std::size_t> all(instance.of_class->properties.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  return instance_of(path, instance, all);
+}
+
+InstanceObject instance_of(const sandbox::ObjectPath& path, const sandbox::Instance& instance,
+                           const std::vector<std::size_t>& positions) {
   InstanceObject result(path_of(path));
   const auto& properties = instance.of_class->properties;
-  for (std::size_t i = 0; i < properties.size(); ++i)
+  for (const std::size_t i : positions)
     member(result.properties, properties[i].name) =
         datum_of(instance.values[i], properties[i].type);
   return result;

@@ -1,7 +1,8 @@
 // Values of the model as values of the broker's interface, and back.
 #pragma once
 
-#include <string_view>
+#include <cstddef>
+#include <vector>
 
 #include "model/instance.h"
 #include "model/object_manager.h"
@@ -14,6 +15,9 @@ Path path_of(const sandbox::ObjectPath& path);
 sandbox::ObjectPath model_path(const Path& path);
 
 InstanceObject instance_of(const sandbox::ObjectPath& path, const sandbox::Instance& instance);
+// With the properties at those positions alone.
+InstanceObject instance_of(const sandbox::ObjectPath& path, const sandbox::Instance& instance,
+                           const std::vector<std::size_t>& positions);
 
 // What a client gives, for a model whose embedded instances `manager` builds.  One that it cannot
 // build becomes null.

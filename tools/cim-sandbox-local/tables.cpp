@@ -3,12 +3,14 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "broker.h"
 #include "handed_out.h"
 
 namespace sandbox_local {
 namespace {
 
-constexpr int no_such_property = 12;  // CIM status codes
+constexpr int failed = 1;  // CIM status codes
+constexpr int no_such_property = 12;
 constexpr int invalid_parameter = 4;
 
 CIMCData not_found(CIMCStatus* status) {
@@ -45,6 +47,7 @@ CIMCString* text_out(std::string_view content, CIMCStatus* status) {
 CIMCStatus store(std::vector<Member>& members, const char* call, const char* name,
                  const CIMCValue* value, CIMCType type) {
   if (!name) return {invalid_parameter, nullptr};
+  if (broker_of_process().refuses(call)) return {failed, nullptr};
   Datum& datum = member(members, name) = copy_in(value, type);
   Ledger::of_process().note(std::string(call) + " " + name + " " + std::to_string(type) + " " +
                             describe(datum));
@@ -89,8 +92,13 @@ CIMCStatus set_class_name(CIMCObjectPath* path, const char* name) {
   self(path).class_name = name ? name : "";
   return {0, nullptr};
 }
+CIMCString* class_name_out(std::string_view name, CIMCStatus* status) {
+  if (!broker_of_process().refuses("getClassName")) return text_out(name, status);
+  set_status(status, failed);
+  return nullptr;
+}
 CIMCString* get_class_name(CIMCObjectPath* path, CIMCStatus* status) {
-  return text_out(self(path).class_name, status);
+  return class_name_out(self(path).class_name, status);
 }
 CIMCStatus add_key(CIMCObjectPath* path, const char* name, CIMCValue* value, CIMCType type) {
   return store(self(path).keys, "addKey", name, value, type);
@@ -151,7 +159,7 @@ unsigned instance_property_qualifier_count(CIMCInstance*, const char*, CIMCStatu
 // ---- Classes ----
 
 CIMCString* class_name(CIMCClass* object, CIMCStatus* status) {
-  return text_out(self(object).name, status);
+  return class_name_out(self(object).name, status);
 }
 CIMCData class_property(CIMCClass* object, const char* name, CIMCStatus* status) {
   return named(self(object).properties, name, status);
