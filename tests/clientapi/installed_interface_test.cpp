@@ -149,7 +149,7 @@ struct Constant {
 };
 
 std::vector<Constant> constants() {
-  constexpr long missing = -1;
+  [[maybe_unused]] constexpr long missing = -1;
   std::vector<Constant> result;
 #define CONSTANT(name, ours, theirs) result.push_back({name, ours, long{theirs}})
 #ifdef CIMC_boolean

@@ -55,12 +55,11 @@ class LocalMemory : public testing::TestWithParam<LocalOperation> {
   static std::size_t starve(Check check) {
     call(SIZE_MAX);
     for (std::size_t successes = 0;; ++successes) {
+      const Outcome outcome = call(successes);
+      if (!outcome.has_failed) return successes;
+      check(outcome);
       const long before = living_blocks();
-      {
-        const Outcome outcome = call(successes);
-        if (!outcome.has_failed) return successes;
-        check(outcome);
-      }
+      call(successes);
       EXPECT_EQ(living_blocks(), before) << successes;
       EXPECT_EQ(Ledger::of_process().live_count(), 0U) << successes;
     }

@@ -33,7 +33,10 @@ struct ClientObject final : Object, CIMCClient {
   }
 };
 
-void note(std::string call) { Ledger::of_process().note(std::move(call)); }
+template <class Describe>
+void note(Describe describe_call) {
+  Ledger::of_process().note(describe_call);
+}
 
 std::string quoted(const char* text) {
   return text ? std::string("\"") + text + "\"" : std::string("null");
@@ -44,7 +47,7 @@ std::string quoted(const char* text) {
 void* release_environment(CIMCEnv* env) {
   Ledger& ledger = Ledger::of_process();
   if (!ledger.is_live(env, "release (environment)")) return nullptr;
-  note("release environment");
+  note([&] { return std::string("release environment"); });
   void* library = env->hdl;
   ledger.died(env);
   delete static_cast<EnvironmentObject*>(env);
@@ -53,8 +56,10 @@ void* release_environment(CIMCEnv* env) {
 
 CIMCClient* connect(CIMCEnv*, const char* host, const char* scheme, const char* port,
                     const char* user, const char* password, CIMCStatus* status) {
-  note("connect " + quoted(host) + " " + quoted(scheme) + " " + quoted(port) + " " + quoted(user) +
-       " " + quoted(password));
+  note([&] {
+    return std::string("connect " + quoted(host) + " " + quoted(scheme) + " " + quoted(port) + " " +
+                       quoted(user) + " " + quoted(password));
+  });
   if (!broker_of_process().connect(user, password)) {
     set_status(status, failed);
     return nullptr;
@@ -80,13 +85,15 @@ Handle* make(std::unique_ptr<Made> object, CIMCStatus* status) {
 }
 
 CIMCInstance* new_instance(CIMCEnv*, const CIMCObjectPath* path, CIMCStatus* status) {
-  note("newInstance " + describe(self(path)));
+  note([&] { return std::string("newInstance " + describe(self(path))); });
   return make<CIMCInstance>(std::make_unique<InstanceObject>(self(path)), status);
 }
 
 CIMCObjectPath* new_object_path(CIMCEnv*, const char* name_space, const char* class_name,
                                 CIMCStatus* status) {
-  note("newObjectPath " + quoted(name_space) + " " + quoted(class_name));
+  note([&] {
+    return std::string("newObjectPath " + quoted(name_space) + " " + quoted(class_name));
+  });
   return make<CIMCObjectPath>(
       std::make_unique<Path>(name_space ? name_space : "", class_name ? class_name : ""), status);
 }
@@ -100,7 +107,9 @@ CIMCString* new_string(CIMCEnv*, const char* text, CIMCStatus* status) {
 }
 
 CIMCArray* new_array(CIMCEnv*, CIMCCount size, CIMCType element, CIMCStatus* status) {
-  note("newArray " + std::to_string(size) + " " + std::to_string(element));
+  note([&] {
+    return std::string("newArray " + std::to_string(size) + " " + std::to_string(element));
+  });
   return make<CIMCArray>(std::make_unique<ArrayObject>(size, element), status);
 }
 
@@ -150,7 +159,7 @@ CIMCEnumeration* enumeration(ElementsAnswer answer, CIMCStatus* status) {
 CIMCStatus release_client(CIMCClient* client) {
   Ledger& ledger = Ledger::of_process();
   if (!ledger.is_live(client, "release (client)")) return {failed, nullptr};
-  note("release client");
+  note([&] { return std::string("release client"); });
   ledger.died(client);
   delete static_cast<ClientObject*>(client);
   return {0, nullptr};
@@ -167,14 +176,14 @@ std::string call_of(const char* name, CIMCObjectPath* path) {
 
 CIMCClass* get_class(CIMCClient*, CIMCObjectPath* path, CIMCFlags flags, char**,
                      CIMCStatus* status) {
-  note(call_of("getClass", path) + " flags " + std::to_string(flags));
+  note([&] { return std::string(call_of("getClass", path) + " flags " + std::to_string(flags)); });
   ClassAnswer answer = broker_of_process().get_class(self(path));
   return give_answer<CIMCClass>(answer, std::move(answer.found), status);
 }
 
 CIMCEnumeration* enum_class_names(CIMCClient*, CIMCObjectPath* path, CIMCFlags flags,
                                   CIMCStatus* status) {
-  note(call_of("enumClassNames", path));
+  note([&] { return std::string(call_of("enumClassNames", path)); });
   return enumeration(broker_of_process().class_names(self(path), flags & deep_inheritance), status);
 }
 
@@ -185,43 +194,51 @@ CIMCEnumeration* enum_classes(CIMCClient*, CIMCObjectPath*, CIMCFlags, CIMCStatu
 
 CIMCInstance* get_instance(CIMCClient*, CIMCObjectPath* path, CIMCFlags flags, char**,
                            CIMCStatus* status) {
-  note(call_of("getInstance", path) + " flags " + std::to_string(flags));
+  note([&] {
+    return std::string(call_of("getInstance", path) + " flags " + std::to_string(flags));
+  });
   InstanceAnswer answer = broker_of_process().get_instance(self(path));
   return give_answer<CIMCInstance>(answer, std::move(answer.instance), status);
 }
 
 CIMCObjectPath* create_instance(CIMCClient*, CIMCObjectPath* path, CIMCInstance* instance,
                                 CIMCStatus* status) {
-  note(call_of("createInstance", path));
+  note([&] { return std::string(call_of("createInstance", path)); });
   PathAnswer answer = broker_of_process().create_instance(self(path), self(instance));
   return give_answer<CIMCObjectPath>(answer, std::move(answer.path), status);
 }
 
 CIMCStatus set_instance(CIMCClient*, CIMCObjectPath* path, CIMCInstance* instance, CIMCFlags flags,
                         char**) {
-  note(call_of("setInstance", path) + " flags " + std::to_string(flags));
+  note([&] {
+    return std::string(call_of("setInstance", path) + " flags " + std::to_string(flags));
+  });
   return status_of(broker_of_process().set_instance(self(path), self(instance)));
 }
 
 CIMCStatus delete_instance(CIMCClient*, CIMCObjectPath* path) {
-  note(call_of("deleteInstance", path));
+  note([&] { return std::string(call_of("deleteInstance", path)); });
   return status_of(broker_of_process().delete_instance(self(path)));
 }
 
 CIMCEnumeration* exec_query(CIMCClient*, CIMCObjectPath* path, const char* query,
                             const char* language, CIMCStatus* status) {
-  note(call_of("execQuery", path) + " " + quoted(query) + " " + quoted(language));
+  note([&] {
+    return std::string(call_of("execQuery", path) + " " + quoted(query) + " " + quoted(language));
+  });
   return enumeration(broker_of_process().exec_query(self(path), query, language), status);
 }
 
 CIMCEnumeration* enum_instance_names(CIMCClient*, CIMCObjectPath* path, CIMCStatus* status) {
-  note(call_of("enumInstanceNames", path));
+  note([&] { return std::string(call_of("enumInstanceNames", path)); });
   return enumeration(broker_of_process().instance_names(self(path)), status);
 }
 
 CIMCEnumeration* enum_instances(CIMCClient*, CIMCObjectPath* path, CIMCFlags flags, char**,
                                 CIMCStatus* status) {
-  note(call_of("enumInstances", path) + " flags " + std::to_string(flags));
+  note([&] {
+    return std::string(call_of("enumInstances", path) + " flags " + std::to_string(flags));
+  });
   return enumeration(broker_of_process().instances(self(path), flags & deep_inheritance), status);
 }
 
@@ -234,7 +251,7 @@ CIMCEnumeration* associators(CIMCClient*, CIMCObjectPath* path, const char* asso
                              const char* result_class, const char* role, const char* result_role,
                              CIMCFlags, char**, CIMCStatus* status) {
   const Filter filter = {association_class, result_class, role, result_role};
-  note(filtered("associators", path, filter));
+  note([&] { return std::string(filtered("associators", path, filter)); });
   return enumeration(broker_of_process().associators(self(path), filter), status);
 }
 
@@ -242,27 +259,27 @@ CIMCEnumeration* associator_names(CIMCClient*, CIMCObjectPath* path, const char*
                                   const char* result_class, const char* role,
                                   const char* result_role, CIMCStatus* status) {
   const Filter filter = {association_class, result_class, role, result_role};
-  note(filtered("associatorNames", path, filter));
+  note([&] { return std::string(filtered("associatorNames", path, filter)); });
   return enumeration(broker_of_process().associator_names(self(path), filter), status);
 }
 
 CIMCEnumeration* references(CIMCClient*, CIMCObjectPath* path, const char* result_class,
                             const char* role, CIMCFlags, char**, CIMCStatus* status) {
   const Filter filter = {nullptr, result_class, role, nullptr};
-  note(filtered("references", path, filter));
+  note([&] { return std::string(filtered("references", path, filter)); });
   return enumeration(broker_of_process().references(self(path), filter), status);
 }
 
 CIMCEnumeration* reference_names(CIMCClient*, CIMCObjectPath* path, const char* result_class,
                                  const char* role, CIMCStatus* status) {
   const Filter filter = {nullptr, result_class, role, nullptr};
-  note(filtered("referenceNames", path, filter));
+  note([&] { return std::string(filtered("referenceNames", path, filter)); });
   return enumeration(broker_of_process().reference_names(self(path), filter), status);
 }
 
 CIMCData invoke_method(CIMCClient*, CIMCObjectPath* path, const char* method, CIMCArgs* in,
                        CIMCArgs* out, CIMCStatus* status) {
-  note(call_of("invokeMethod", path) + " " + quoted(method));
+  note([&] { return std::string(call_of("invokeMethod", path) + " " + quoted(method)); });
   MethodAnswer answer = broker_of_process().invoke_method(self(path), method, self(in));
   self(out).members = std::move(answer.out);
   report(answer, status);
@@ -335,7 +352,7 @@ SANDBOX_LOCAL_API sandbox_local::CIMCEnv* _Create_SfcbLocal_Env(const char* id,
 sandbox_local::CIMCEnv* _Create_SfcbLocal_Env(const char* id, unsigned int options, int* /*rc*/,
                                               char** /*msg*/) {
   using namespace sandbox_local;
-  note("environment " + quoted(id) + " " + std::to_string(options));
+  note([&] { return std::string("environment " + quoted(id) + " " + std::to_string(options)); });
   auto environment = std::make_unique<EnvironmentObject>();
   Ledger::of_process().born(static_cast<CIMCEnv*>(environment.get()), "environment");
   return environment.release();

@@ -35,8 +35,4 @@ void Ledger::complain(std::string text) {
   complaints_.push_back(std::move(text));
 }
 
-void Ledger::note(std::string call) {
-  if (listener) listener(call);
-}
-
 }  // namespace sandbox_local

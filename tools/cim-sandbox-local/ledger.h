@@ -30,8 +30,12 @@ class Ledger {
   void complain(std::string text);
   const std::vector<std::string>& complaints() const { return complaints_; }
 
-  // Notes a call with its arguments; `listener` is told, when there is one.
-  void note(std::string call);
+  // Notes a call with its arguments, as describe() gives them; `listener` is told, when there is
+  // one.
+  template <class Describe>
+  void note(Describe describe) {
+    if (listener) listener(describe());
+  }
   std::function<void(const std::string& call)> listener;
 
   // Told the kind of each object that ends, when there is one.

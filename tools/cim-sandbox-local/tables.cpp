@@ -49,8 +49,10 @@ CIMCStatus store(std::vector<Member>& members, const char* call, const char* nam
   if (!name) return {invalid_parameter, nullptr};
   if (broker_of_process().refuses(call)) return {failed, nullptr};
   Datum& datum = member(members, name) = copy_in(value, type);
-  Ledger::of_process().note(std::string(call) + " " + name + " " + std::to_string(type) + " " +
-                            describe(datum));
+  Ledger::of_process().note([&] {
+    return std::string(std::string(call) + " " + name + " " + std::to_string(type) + " " +
+                       describe(datum));
+  });
   return {0, nullptr};
 }
 
@@ -219,8 +221,10 @@ CIMCStatus set_element_at(CIMCArray* array, CIMCCount index, CIMCValue* value, C
   ArrayObject& object = self(array);
   if (index >= object.elements.size()) return {invalid_parameter, nullptr};
   object.elements[index] = copy_in(value, type);
-  Ledger::of_process().note("setElementAt " + std::to_string(index) + " " + std::to_string(type) +
-                            " " + describe(object.elements[index]));
+  Ledger::of_process().note([&] {
+    return std::string("setElementAt " + std::to_string(index) + " " + std::to_string(type) + " " +
+                       describe(object.elements[index]));
+  });
   return {0, nullptr};
 }
 
@@ -230,8 +234,10 @@ CIMCStatus add_arg(CIMCArgs* args, const char* name, CIMCValue* value, CIMCType 
   if (!name) return {invalid_parameter, nullptr};
   // An array comes under its bare flag; its elements tell their type.
   Datum datum = copy_in(value, type);
-  Ledger::of_process().note(std::string("addArg ") + name + " " + std::to_string(type) + " " +
-                            describe(datum));
+  Ledger::of_process().note([&] {
+    return std::string(std::string("addArg ") + name + " " + std::to_string(type) + " " +
+                       describe(datum));
+  });
   self(args).members.push_back({name, std::move(datum)});
   return {0, nullptr};
 }
