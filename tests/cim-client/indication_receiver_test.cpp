@@ -7,6 +7,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <thread>
+
 #include "cim-client/answers.h"
 #include "descriptor.h"
 #include "exit_status.h"
@@ -19,23 +22,27 @@ const std::string indication = answers::document(
     "NAME=\"NewIndication\"><INSTANCE CLASSNAME=\"CIM_Alert\"></INSTANCE></EXPPARAMVALUE>"
     "</EXPMETHODCALL></SIMPLEEXPREQ>");
 
-// Sends a request to the port and returns what comes back until the server closes.
-std::string talk(std::uint16_t port, const std::string& request) {
-  const Descriptor connection(socket(AF_INET, SOCK_STREAM, 0));
+Descriptor connected(std::uint16_t port) {
+  Descriptor connection(socket(AF_INET, SOCK_STREAM, 0));
   sockaddr_in address = {};
   address.sin_family = AF_INET;
   address.sin_port = htons(port);
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  if (connect(connection.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
-      0)
-    return "no connection";
-  std::size_t sent = 0;
-  while (sent < request.size()) {
-    const ssize_t count =
-        send(connection.number(), request.data() + sent, request.size() - sent, MSG_NOSIGNAL);
-    if (count <= 0) break;
-    sent += static_cast<std::size_t>(count);
+  EXPECT_EQ(
+      connect(connection.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  return connection;
+}
+
+void send_all(const Descriptor& connection, std::string_view request) {
+  while (!request.empty()) {
+    const ssize_t count = send(connection.number(), request.data(), request.size(), MSG_NOSIGNAL);
+    if (count <= 0) return;
+    request.remove_prefix(static_cast<std::size_t>(count));
   }
+}
+
+// What comes back until the server closes.
+std::string received(const Descriptor& connection) {
   std::string answer;
   char buffer[4096];
   ssize_t count = 0;
@@ -44,13 +51,23 @@ std::string talk(std::uint16_t port, const std::string& request) {
   return answer;
 }
 
+std::string talk(std::uint16_t port, const std::string& request) {
+  const Descriptor connection = connected(port);
+  send_all(connection, request);
+  return received(connection);
+}
+
+std::string head(const std::string& body, const std::string& method = "POST") {
+  return method +
+         " / HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n"
+         "Content-Type: application/xml; charset=\"utf-8\"\r\n"
+         "CIMExport: MethodRequest\r\nCIMExportMethod: ExportIndication\r\n"
+         "Content-Length: " +
+         std::to_string(body.size()) + "\r\n\r\n";
+}
+
 std::string post(std::uint16_t port, const std::string& body, const std::string& method = "POST") {
-  return talk(port, method +
-                        " / HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n"
-                        "Content-Type: application/xml; charset=\"utf-8\"\r\n"
-                        "CIMExport: MethodRequest\r\nCIMExportMethod: ExportIndication\r\n"
-                        "Content-Length: " +
-                        std::to_string(body.size()) + "\r\n\r\n" + body);
+  return talk(port, head(body, method) + body);
 }
 
 bool holds(const std::string& text, const std::string& part) {
@@ -111,6 +128,27 @@ TEST(IndicationReceiver, a_full_queue_turns_indications_away) {
   EXPECT_TRUE(holds(post(receiver.port(), indication), "<IRETURNVALUE>"));
   EXPECT_TRUE(holds(post(receiver.port(), indication), "<ERROR CODE=\"1\""));
   EXPECT_EQ(receiver.turned_away(), 1U);
+}
+
+TEST(IndicationReceiver, what_is_at_work_is_answered_before_it_finishes) {
+  IndicationQueue queue(4);
+  IndicationReceiver receiver("127.0.0.1", 0, queue);
+  const Descriptor connection = connected(receiver.port());
+  const std::string request = head(indication) + indication;
+  send_all(connection, request.substr(0, request.size() - 10));
+  while (receiver.at_work() == 0) std::this_thread::yield();
+  std::atomic<bool> finished = false;
+  std::thread finisher([&] {
+    receiver.finish();
+    finished = true;
+  });
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  EXPECT_FALSE(finished) << "a request is at work";
+  send_all(connection, request.substr(request.size() - 10));
+  EXPECT_TRUE(holds(received(connection), "<IRETURNVALUE>"));
+  finisher.join();
+  EXPECT_EQ(receiver.at_work(), 0U);
+  EXPECT_TRUE(queue.pop());
 }
 
 TEST(IndicationReceiver, a_port_in_use_is_a_failure) {

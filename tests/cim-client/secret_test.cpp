@@ -11,7 +11,9 @@
 
 namespace {
 
-// The memory to look at when it is released, and what it held then.
+// The array to look at when it is released, the latest one of the size of `released` since
+// `watching` began, and what it held then.
+bool watching = false;
 const void* watched = nullptr;
 std::string released;
 
@@ -29,6 +31,7 @@ void release(void* memory) noexcept {
 void* operator new[](std::size_t size) {
   void* memory = std::malloc(size);
   if (memory == nullptr) throw std::bad_alloc();
+  if (watching && size == released.size()) watched = memory;
   return memory;
 }
 void operator delete[](void* memory) noexcept { release(memory); }
@@ -70,10 +73,12 @@ TEST(Secret, moves_without_leaving_a_copy) {
 
 TEST(Secret, its_memory_is_overwritten_before_it_is_released) {
   released.assign(Secret::limit + 1, '?');
+  watching = true;
   {
     const Secret secret(std::string_view("geheim"));
-    watched = secret.text();
+    EXPECT_EQ(secret.text(), watched);
   }
+  watching = false;
   EXPECT_EQ(watched, nullptr) << "the memory was released";
   EXPECT_EQ(released, std::string(Secret::limit + 1, '\0'));
 }

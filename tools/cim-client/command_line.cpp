@@ -52,6 +52,7 @@ struct GlobalOptions {
   std::string timeout;
   std::string output;
   std::string layout;
+  std::string backend;
   bool verbose = false;
 };
 
@@ -79,6 +80,9 @@ void declare_global_options(CLI::App& app, GlobalOptions& options) {
   app.add_option("--layout", options.layout,
                  "of text: auto (default: tables if they fit the terminal), table or blocks")
       ->type_name("LAYOUT");
+  app.add_option("--backend", options.backend,
+                 "xml (CIM-XML over HTTP) or local (the broker of this machine), for this run")
+      ->type_name("BACKEND");
   app.add_flag("-v,--verbose", options.verbose, "show the exchange on standard error");
 }
 
@@ -250,11 +254,12 @@ TargetParts target_options(const GlobalOptions& options) {
   return parts;
 }
 
-Settings settings_from(const GlobalOptions& options, std::vector<std::string> properties) {
+Settings settings_from(const GlobalOptions& options, const std::vector<std::string>& properties) {
   Settings settings;
   const TargetParts url = options.url.empty() ? TargetParts() : parse_url(options.url);
   settings.target =
       merged({target_options(options), url, target_from_environment(), url_from_environment()});
+  if (!options.backend.empty()) settings.backend = parse_backend(options.backend);
   settings.password = {given(options.password_file), options.ask_password};
   const auto timeout =
       options.timeout.empty() ? environment("CIM_CLIENT_TIMEOUT") : given(options.timeout);
@@ -264,7 +269,7 @@ Settings settings_from(const GlobalOptions& options, std::vector<std::string> pr
   if (format) settings.output.format = parse_format(*format);
   if (!options.layout.empty()) settings.output.layout = parse_layout(options.layout);
   settings.output.columns = terminal_columns();
-  settings.output.properties = std::move(properties);
+  settings.output.properties = properties;
   settings.verbose = options.verbose;
   return settings;
 }
@@ -311,7 +316,7 @@ void parse_and_run(int argc, const char* const* argv) {
   }
   for (const Declared& entry : declared) {
     if (entry.app->parsed())
-      run_command(*entry.command, arguments, settings_from(options, std::move(properties)));
+      return run_command(*entry.command, arguments, settings_from(options, properties));
   }
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "exchange.h"
+#include "exit_status.h"
 #include "password.h"
 
 namespace cli {
@@ -22,7 +23,11 @@ Session& Context::session() {
         password_ ? std::move(*password_) : find_password(settings_.password, settings_.target);
     const bool show_progress = isatty(STDERR_FILENO) != 0;
     session_ = std::make_unique<Session>(settings_.target, std::move(password), settings_.timeout,
-                                         show_progress);
+                                         show_progress, settings_.backend);
+    if (session_->is_local() && settings_.output.format == Format::Xml)
+      throw usage_failure("the local broker sends no XML; there are text and json");
+    if (settings_.verbose)
+      std::cerr << "cim-client: back end: " << description(settings_.backend) << "\n";
     if (settings_.verbose && session_->address() != settings_.target.host)
       std::cerr << "cim-client: " << settings_.target.host << " is " << session_->address() << "\n";
   }

@@ -163,6 +163,11 @@ void IndicationReceiver::finish() {
   answered_.wait_for(lock, answer_patience, [this] { return at_work_ == 0; });
 }
 
+std::size_t IndicationReceiver::at_work() {
+  const std::lock_guard lock(mutex_);
+  return at_work_;
+}
+
 std::uint16_t IndicationReceiver::port() const {
   const MHD_DaemonInfo* info = MHD_get_daemon_info(daemon_.get(), MHD_DAEMON_INFO_BIND_PORT);
   return info == nullptr ? std::uint16_t{0} : info->port;

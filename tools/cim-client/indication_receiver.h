@@ -35,6 +35,9 @@ class IndicationReceiver {
   // few seconds. What was accepted is in the queue then.
   void finish();
 
+  // Requests that have begun and are not answered yet.
+  std::size_t at_work();
+
   // Requests refused so far: no indications, and those for which the queue had no room.
   std::size_t malformed() const { return malformed_; }
   std::size_t turned_away() const { return turned_away_; }
@@ -50,8 +53,8 @@ class IndicationReceiver {
   std::atomic<std::size_t> turned_away_ = 0;
   std::mutex mutex_;
   std::condition_variable answered_;
-  std::size_t at_work_ = 0;  // requests not answered yet
-  Descriptor listening_;     // of a finished receiver; outlives the daemon
+  std::size_t at_work_ = 0;
+  Descriptor listening_;  // of a finished receiver; outlives the daemon
   std::unique_ptr<MHD_Daemon, Stop> daemon_;
 };
 

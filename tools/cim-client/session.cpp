@@ -20,10 +20,14 @@ constexpr std::chrono::seconds probe_limit(5);
 // A class that many object managers have; any answer about it will do.
 constexpr const char* probe_class = "CIM_ManagedElement";
 
+// Values of a handle's selector.
+constexpr int http_interface = 0;
+constexpr int local_interface = 1;
+
 }  // namespace
 
 Session::Session(const Target& target, Secret password, std::chrono::seconds limit,
-                 bool show_progress)
+                 bool show_progress, Backend backend)
     : target_(target),
       password_(std::move(password)),
       limit_(limit),
@@ -32,23 +36,40 @@ Session::Session(const Target& target, Secret password, std::chrono::seconds lim
     const Watch watch("name resolution of " + target_.host, limit_, show_progress_);
     address_ = resolve(target_.host);
   }
-  const std::string name_space = escaped(target_.name_space, "the namespace");
-  handle_.reset(client_Configuration(address_.c_str(), target_.port, name_space.c_str(), 0,
-                                     target_.user.c_str(), password_.text()));
-  if (handle_ == nullptr) throw std::bad_alloc();
+  if (cli::is_local(backend)) local_library();
+  make_handles(cli::is_local(backend));
+}
+
+HandleOwner Session::new_handle(const std::string& name_space, int interface) const {
+  HandleOwner handle(client_Configuration(address_.c_str(), target_.port, name_space.c_str(), 0,
+                                          target_.user.c_str(), password_.text()));
+  if (handle == nullptr) throw std::bad_alloc();
+  handle->interface = interface;
+  return handle;
+}
+
+void Session::make_handles(bool local) {
+  http_handle_ = new_handle(escaped(target_.name_space, "the namespace"), http_interface);
+  if (local) local_handle_ = new_handle(target_.name_space, local_interface);
 }
 
 void Session::set_namespace(const std::string& name_space) {
   target_.name_space = name_space;
-  CIMC_SetNamespace(handle_.get(), escaped(name_space, "the namespace").c_str());
+  make_handles(is_local());
 }
 
-Watch Session::begin() const {
+std::string Session::sendable(std::string_view text, std::string_view what) const {
+  return is_local() ? std::string(text) : escaped(text, what);
+}
+
+Watch Session::begin(std::string peer) const {
   last_exchange().clear();
-  return Watch(peer(), limit_, show_progress_);
+  return Watch(std::move(peer), limit_, show_progress_);
 }
 
-std::string Session::peer() const { return target_.host + ":" + std::to_string(target_.port); }
+std::string Session::peer() const { return is_local() ? "the local broker" : http_peer(); }
+
+std::string Session::http_peer() const { return target_.host + ":" + std::to_string(target_.port); }
 
 void Session::throw_error(Error* error) {
   const ErrorOwner owner(error);
@@ -60,7 +81,7 @@ CimOwner Session::exchange(const std::string& request) {
   char* body = nullptr;
   int outcome = -1;
   {
-    const Watch watch = begin();
+    const Watch watch = begin(http_peer());
     outcome = CIMSendRequest(request.c_str(), &body, address_.c_str(), target_.port,
                              target_.user.c_str(), password_.text(), 0);
   }
@@ -79,13 +100,39 @@ CimOwner Session::answer_document() const {
   return document;
 }
 
-void Session::require_answer() const {
-  if (!is_local()) answer_document();
+void Session::require_answer(intptr_t outcome) const {
+  if (!is_local()) {
+    answer_document();
+  } else if (outcome != 0) {
+    require_local_broker();
+    throw Failure(ExitStatus::CimError, "the local broker failed without saying why");
+  }
 }
+
+// The broker tells of a connection that it did not take on standard output alone. Reading a class
+// gives -1 only then, whether there is such a class or not.
+void Session::require_local_broker() const {
+  const ClassNameOwner name(CIMC_CreateClassName(probe_class));
+  if (name == nullptr) throw std::bad_alloc();
+  Class* definition = nullptr;
+  Error* error = nullptr;
+  const Watch watch = begin(peer());
+  const int outcome = CIMC_GetClass(&definition, name.get(), 0, 0, 0, nullptr, target_.user.c_str(),
+                                    password_.text(), target_.name_space.c_str(), &error);
+  const ClassOwner definition_owner(definition);
+  const ErrorOwner error_owner(error);
+  if (outcome == -1 && error == nullptr)
+    throw Failure(ExitStatus::NoAnswer, "the connection to the local broker failed");
+}
+
+AnswerKind Session::kind_of_answer() const { return kind_of(answer_document().get()); }
 
 // The answer when there is something in it; null when there is nothing.
 CimOwner Session::filled_document() const {
-  if (is_local()) return nullptr;
+  if (is_local()) {
+    require_local_broker();
+    return nullptr;
+  }
   CimOwner document = answer_document();
   return kind_of(document.get()) == AnswerKind::Empty ? nullptr : std::move(document);
 }
@@ -100,8 +147,8 @@ void Session::fail_unanswered() const {
   const std::chrono::seconds limit =
       limit_.count() == 0 ? probe_limit : std::min(limit_, probe_limit);
   throw diagnosed(probe(address_, target_.port, target_.user, password_,
-                        get_class_request(handle_->namespace_, probe_class), limit),
-                  peer());
+                        get_class_request(http_handle_->namespace_, probe_class), limit),
+                  http_peer());
 }
 
 }  // namespace cli

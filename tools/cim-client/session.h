@@ -3,14 +3,19 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
+#include "backend.h"
+#include "document.h"
 #include "exchange.h"
 #include "owners.h"
 #include "secret.h"
 #include "target.h"
 #include "watch.h"
+#include "wire.h"
 
 namespace cli {
 
@@ -24,12 +29,11 @@ struct Finding {
 
 class Session {
  public:
-  // Resolves the host and makes the handle. Throws a failure when there is no such host.
-  Session(const Target& target, Secret password, std::chrono::seconds limit, bool show_progress);
+  // Resolves the host and makes the handles. Throws a failure when there is no such host, or no
+  // client library of the local broker where that is asked.
+  Session(const Target& target, Secret password, std::chrono::seconds limit, bool show_progress,
+          Backend backend = Backend::AsHandles);
 
-  struct client_Configuration* handle() const {
-    return handle_.get();
-  }
   const Target& target() const { return target_; }
 
   // The address of the host, dotted.
@@ -54,24 +58,40 @@ class Session {
     Finding<Records> finding;
     Error* error = nullptr;
     {
-      const Watch watch = begin();
-      finding.records.reset(call(handle_.get(), &error));
+      const Watch watch = begin(peer());
+      finding.records.reset(call(handle(), &error));
     }
     throw_error(error);
     if (finding.records == nullptr) finding.document = filled_document();
     return finding;
   }
 
-  // Runs an operation that gives no records, and makes sure that it was answered.
+  // Runs an operation that reads a class: the library does that over CIM-XML whatever the back
+  // end. Null when the answer holds none.
+  template <class Call>
+  ClassOwner ask_for_class(Call call) {
+    ClassOwner definition;
+    Error* error = nullptr;
+    {
+      const Watch watch = begin(http_peer());
+      definition.reset(call(http_handle_.get(), &error));
+    }
+    throw_error(error);
+    if (definition == nullptr && kind_of_answer() != AnswerKind::Empty) fail_misunderstood();
+    return definition;
+  }
+
+  // Runs an operation that gives no records but 0 for success, and makes sure that it was answered.
   template <class Call>
   void tell(Call call) {
     Error* error = nullptr;
+    intptr_t outcome = 0;
     {
-      const Watch watch = begin();
-      call(handle_.get(), &error);
+      const Watch watch = begin(peer());
+      outcome = call(handle(), &error);
     }
     throw_error(error);
-    require_answer();
+    require_answer(outcome);
   }
 
   // Sends a request made by hand; throws as ask() does. The answer's document.
@@ -82,13 +102,31 @@ class Session {
   CimOwner answer_document() const;
 
   // Whether operations go to the local broker, past host and port.
-  bool is_local() const { return handle_->interface == 1; }
+  bool is_local() const { return local_handle_ != nullptr; }
+
+  // Makes sure that the local broker takes connections.
+  void require_local_broker() const;
+
+  // Makes texts and records fit to be sent: within XML they are escaped, the local broker takes
+  // them as they are. `what` names the text in failures.
+  std::string sendable(std::string_view text, std::string_view what) const;
+  template <class Record>
+  void make_sendable(Record* record) const {
+    if (!is_local()) escape_texts(record);
+  }
 
  private:
-  Watch begin() const;
+  struct client_Configuration* handle() const {
+    return is_local() ? local_handle_.get() : http_handle_.get();
+  }
+  HandleOwner new_handle(const std::string& name_space, int interface) const;
+  void make_handles(bool local);
+  Watch begin(std::string peer) const;
   std::string peer() const;
+  std::string http_peer() const;
   static void throw_error(Error* error);
-  void require_answer() const;
+  void require_answer(intptr_t outcome) const;
+  AnswerKind kind_of_answer() const;
   CimOwner filled_document() const;
   [[noreturn]] void fail_unanswered() const;
   [[noreturn]] void fail_misunderstood() const;
@@ -98,7 +136,8 @@ class Session {
   std::chrono::seconds limit_;
   bool show_progress_;
   std::string address_;
-  HandleOwner handle_;
+  HandleOwner http_handle_;
+  HandleOwner local_handle_;  // null: operations go over HTTP
 };
 
 }  // namespace cli

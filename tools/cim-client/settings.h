@@ -3,6 +3,7 @@
 
 #include <chrono>
 
+#include "backend.h"
 #include "output.h"
 #include "password.h"
 #include "target.h"
@@ -11,6 +12,7 @@ namespace cli {
 
 struct Settings {
   Target target;
+  Backend backend = Backend::AsHandles;
   PasswordSource password;
   std::chrono::seconds timeout{60};  // 0: no limit
   bool verbose = false;

@@ -160,7 +160,7 @@ class Reading(harness.SandboxTest):
         steps = [json.loads(line) for line in lines(self.succeed("doctor", "-o", "json"))]
         self.assertEqual(
             [step["step"] for step in steps],
-            ["address", "connection", "HTTP answer", "authentication", "namespace", "class"],
+            ["back end", "address", "connection", "HTTP answer", "authentication", "namespace", "class"],
         )
         self.assertEqual({step["result"] for step in steps}, {"ok"})
 

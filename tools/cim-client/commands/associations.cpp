@@ -14,7 +14,8 @@ using Handle = struct client_Configuration*;
 // An option that names a role; null without it.
 class RoleText {
  public:
-  explicit RoleText(const std::string& text) : text_(escaped(text, "the role")) {}
+  RoleText(const Session& session, const std::string& text)
+      : text_(session.sendable(text, "the role")) {}
   const char* get() const { return text_.empty() ? nullptr : text_.c_str(); }
 
  private:
@@ -25,13 +26,13 @@ class RoleText {
 struct Filters {
   Filters(Context& context, const Arguments& arguments)
       : object(object_operand(context, arguments.words[0])),
-        assoc_class(optional_class(arguments.assoc_class)),
-        result_class(optional_class(arguments.result_class)),
-        role(arguments.role),
-        result_role(arguments.result_role) {}
+        assoc_class(optional_class(context.session(), arguments.assoc_class)),
+        result_class(optional_class(context.session(), arguments.result_class)),
+        role(context.session(), arguments.role),
+        result_role(context.session(), arguments.result_role) {}
 
-  static ClassNameOwner optional_class(const std::string& name) {
-    return name.empty() ? nullptr : class_name_to_send(name);
+  static ClassNameOwner optional_class(const Session& session, const std::string& name) {
+    return name.empty() ? nullptr : class_name_to_send(session, name);
   }
 
   ObjectNameOwner object;
@@ -110,8 +111,8 @@ void show_pathless(Context& context, IReturnValue& result) {
 }
 
 void query(Context& context, const Arguments& arguments) {
-  const std::string language = escaped(arguments.language, "the query language");
-  const std::string text = escaped(arguments.words[0], "the query");
+  const std::string language = context.session().sendable(arguments.language, "the query language");
+  const std::string text = context.session().sendable(arguments.words[0], "the query");
   const Finding<ObjectWithPathOwner> found =
       context.session().ask_openly<ObjectWithPathOwner>([&](Handle handle, Error** error) {
         return ExecQuery(handle, language.c_str(), text.c_str(), error);

@@ -29,7 +29,7 @@ InstanceOwner typed_instance(Context& context, const std::string& class_name,
 void create_instance(Context& context, const Arguments& arguments) {
   const ObjectUri path = class_path_operand(context, arguments.words[0]);
   const InstanceOwner instance = typed_instance(context, path.class_name, arguments.rest);
-  escape_texts(instance.get());
+  context.session().make_sendable(instance.get());
   const EmbeddedLists embedded(instance.get());
   const InstanceNameOwner name =
       context.session().ask<InstanceNameOwner>([&](Handle handle, Error** error) {
@@ -72,11 +72,11 @@ void modify_instance(Context& context, const Arguments& arguments) {
   if (arguments.rest.empty()) throw usage_failure("no NAME=VALUE says what to change");
   InstanceOwner changes = typed_instance(context, path.class_name, arguments.rest);
   const NamedInstanceOwner modified(new_record<NamedInstance>());
-  modified->instanceName = instance_name_to_send(path).release();
+  modified->instanceName = instance_name_to_send(context.session(), path).release();
   modified->instance = arguments.partial
                            ? changes.release()
                            : changed_instance(context, *modified->instanceName, *changes).release();
-  escape_texts(modified->instance);
+  context.session().make_sendable(modified->instance);
   const EmbeddedLists embedded(modified->instance);
   context.session().tell([&](Handle handle, Error** error) {
     return ModifyInstance(handle, modified.get(), 0, nullptr, error);
@@ -84,8 +84,8 @@ void modify_instance(Context& context, const Arguments& arguments) {
 }
 
 void delete_instance(Context& context, const Arguments& arguments) {
-  const InstanceNameOwner name =
-      instance_name_to_send(instance_operand(context, arguments.words[0]));
+  const ObjectUri path = instance_operand(context, arguments.words[0]);
+  const InstanceNameOwner name = instance_name_to_send(context.session(), path);
   context.session().tell(
       [&](Handle handle, Error** error) { return DeleteInstance(handle, name.get(), error); });
 }

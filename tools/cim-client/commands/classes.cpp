@@ -8,20 +8,27 @@ namespace {
 
 using Handle = struct client_Configuration*;
 
+// The library lists classes over CIM-XML alone.
+void require_class_lists(Context& context) {
+  if (context.session().is_local())
+    throw usage_failure("the local broker lists no classes; --backend xml asks over CIM-XML");
+}
+
 void get_class(Context& context, const Arguments& arguments) {
-  const ClassNameOwner name = class_operand(context, arguments.words[0]);
-  const ClassOwner definition =
-      context.session().ask<ClassOwner>([&](Handle handle, Error** error) {
-        return CIM_GetClass(handle, name.get(), flag(arguments.local_only),
-                            flag(!arguments.no_qualifiers), flag(arguments.class_origin), nullptr,
-                            error);
-      });
+  const ObjectUri path = class_path_operand(context, arguments.words[0]);
+  const ClassNameOwner name = class_name_over_http(path.class_name);
+  const ClassOwner definition = context.session().ask_for_class([&](Handle handle, Error** error) {
+    return CIM_GetClass(handle, name.get(), flag(arguments.local_only),
+                        flag(!arguments.no_qualifiers), flag(arguments.class_origin), nullptr,
+                        error);
+  });
   if (definition == nullptr)
     throw Failure(ExitStatus::NoAnswer, "the object manager answered without a class");
   context.output().class_definition(*definition);
 }
 
 void enumerate_classes(Context& context, const Arguments& arguments) {
+  require_class_lists(context);
   const ClassNameOwner name = class_operand(context, arguments.words[0]);
   const ClassOwner list = context.session().ask<ClassOwner>([&](Handle handle, Error** error) {
     return CIM_EnumerateClasses(handle, name.get(), flag(arguments.deep),
@@ -33,6 +40,7 @@ void enumerate_classes(Context& context, const Arguments& arguments) {
 }
 
 void enumerate_class_names(Context& context, const Arguments& arguments) {
+  require_class_lists(context);
   const ClassNameOwner name = class_operand(context, arguments.words[0]);
   const ClassNameOwner list =
       context.session().ask<ClassNameOwner>([&](Handle handle, Error** error) {

@@ -103,12 +103,45 @@ std::string examine_class(Context& context, const std::string& name) {
          " properties";
 }
 
+std::string examine_local_connection(Context& context) {
+  context.session().require_local_broker();
+  return "the local broker takes connections";
+}
+
+// Any answer about the instances' names will do.
+std::string examine_local_class(Context& context, const std::string& name) {
+  const ClassNameOwner class_name = class_name_to_send(context.session(), name);
+  const InstanceNameOwner names =
+      context.session().ask<InstanceNameOwner>([&class_name](Handle handle, Error** error) {
+        return EnumerateInstanceNames(handle, class_name.get(), error);
+      });
+  std::size_t count = 0;
+  for (const InstanceName* at = names.get(); at != nullptr; at = at->next) ++count;
+  return printable(name) + " has " + std::to_string(count) + " instances";
+}
+
+void examine_local_broker(Context& context, Report& report, const Arguments& arguments) {
+  report.run("library",
+             "Install the broker's client library, or name its folder in LD_LIBRARY_PATH; "
+             "--backend xml goes over HTTP.",
+             [] { return local_library(); });
+  report.run("connection", "Is the broker running, and may this user connect to it?",
+             [&] { return examine_local_connection(context); });
+  const std::string name = arguments.probe_class.empty() ? probe_class : arguments.probe_class;
+  report.run("class", "Check --namespace, and name a class that exists with --class.",
+             [&] { return examine_local_class(context, name); });
+  report.conclude();
+}
+
 void doctor(Context& context, const Arguments& arguments) {
   if (context.settings().output.format == Format::Xml)
     throw usage_failure("there is no XML for this; there are text and json");
+  Report report(context.output());
+  report.add({"back end", Step::Result::Ok, description(context.settings().backend), "",
+              ExitStatus::Success});
+  if (is_local(context.settings().backend)) return examine_local_broker(context, report, arguments);
   const Target& target = context.settings().target;
   const Secret password = find_password(context.settings().password, target);
-  Report report(context.output());
   report.run("address", "Check the name; an IPv4 address does as well.", [&] {
     const Watch watch("name resolution of " + target.host, context.settings().timeout, false);
     return printable(target.host) + " is " + resolve(target.host);

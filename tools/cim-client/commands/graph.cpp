@@ -18,17 +18,17 @@ namespace {
 using Handle = struct client_Configuration*;
 
 // The object to send for a node, whose texts are plain.
-ObjectNameOwner object_to_send(const GraphNode& node) {
+ObjectNameOwner object_to_send(const Session& session, const GraphNode& node) {
   ObjectNameOwner object(CIMC_CreateObjectName(nullptr, node.name.get()));
   if (object == nullptr || object->instanceName == nullptr) throw std::bad_alloc();
-  escape_texts(object->instanceName);
+  session.make_sendable(object->instanceName);
   return object;
 }
 
 // The associations of a node. A node that the walk has come to may be unknown to the object
 // manager or closed to the user: it then is an end of the graph.
 ObjectWithPathOwner associations_of(Session& session, const GraphNode& node, bool is_start) {
-  const ObjectNameOwner object = object_to_send(node);
+  const ObjectNameOwner object = object_to_send(session, node);
   try {
     return session.ask<ObjectWithPathOwner>([&](Handle handle, Error** error) {
       return References(handle, object.get(), nullptr, nullptr, 0, 0, nullptr, error);

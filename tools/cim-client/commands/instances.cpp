@@ -32,7 +32,7 @@ void enumerate_instance_names(Context& context, const Arguments& arguments) {
 
 void get_instance(Context& context, const Arguments& arguments) {
   const ObjectUri path = instance_operand(context, arguments.words[0]);
-  const InstanceNameOwner name = instance_name_to_send(path);
+  const InstanceNameOwner name = instance_name_to_send(context.session(), path);
   const InstanceOwner instance = context.session().ask<InstanceOwner>([&](Handle handle,
                                                                           Error** error) {
     return GetInstance(handle, name.get(), flag(arguments.local_only), flag(arguments.qualifiers),

@@ -15,6 +15,9 @@ namespace {
 
 using Handle = struct client_Configuration*;
 
+// What the library returns for a method that the local broker was not asked for, among others.
+constexpr int not_called = 2;
+
 const Method& find_method(const Class& definition, const std::string& name) {
   std::string known;
   for (const Method* method = definition.methods; method != nullptr; method = method->next) {
@@ -47,21 +50,26 @@ void show_local_result(Context& context, int value, const ParamValue* out_parame
 
 void invoke_on_instance(Context& context, const ObjectUri& path, const std::string& method,
                         ParamValue* parameters) {
-  const InstanceNameOwner name = instance_name_to_send(path);
+  const InstanceNameOwner name = instance_name_to_send(context.session(), path);
   ParamValue* out = nullptr;
   int value = -1;
   context.session().tell([&](Handle handle, Error** error) {
     value = invokeMethod(handle, name.get(), method.c_str(), parameters, &out, error);
+    return 0;
   });
   const ParamValueOwner out_parameters(out);
-  if (context.session().is_local())
+  if (context.session().is_local()) {
+    if (value == not_called) context.session().require_local_broker();
     show_local_result(context, value, out_parameters.get());
-  else
-    show_result(context, *context.session().answer_document());
+    return;
+  }
+  show_result(context, *context.session().answer_document());
 }
 
 void invoke_on_class(Context& context, const ObjectUri& path, const std::string& method,
                      ParamValue* parameters) {
+  if (context.session().is_local())
+    throw usage_failure("the local broker invokes methods of instances; name an instance");
   const std::string name_space = escaped(context.session().target().name_space, "the namespace");
   const std::string class_name = escaped(path.class_name, "the class name");
   show_result(context, *context.session().exchange(
@@ -76,9 +84,10 @@ void invoke(Context& context, const Arguments& arguments) {
   std::vector<Assignment> assignments;
   for (const std::string& text : arguments.rest) assignments.push_back(parse_assignment(text));
   const ParamValueOwner parameters = make_parameters(method, assignments, classes);
-  escape_texts(parameters.get());
+  context.session().make_sendable(parameters.get());
   const EmbeddedLists embedded(parameters.get());
-  const std::string name = escaped(text_or_empty(method.name), "the method's name");
+  const std::string name =
+      context.session().sendable(text_or_empty(method.name), "the method's name");
   if (path.is_instance)
     invoke_on_instance(context, path, name, parameters.get());
   else

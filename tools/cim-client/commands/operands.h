@@ -30,8 +30,11 @@ ObjectNameOwner object_operand(Context& context, const std::string& text);
 ObjectUri instance_operand(Context& context, const std::string& text);
 
 // The records to send for names.
-ClassNameOwner class_name_to_send(const std::string& name);
-InstanceNameOwner instance_name_to_send(const ObjectUri& path);
+ClassNameOwner class_name_to_send(const Session& session, const std::string& name);
+InstanceNameOwner instance_name_to_send(const Session& session, const ObjectUri& path);
+
+// The record to send for a class that is read: that goes over CIM-XML whatever the back end.
+ClassNameOwner class_name_over_http(const std::string& name);
 
 // The definition of a class with its qualifiers and everything that it inherits.
 ClassOwner class_definition(Session& session, const std::string& class_name);
