@@ -7,6 +7,7 @@
 #include "operations/records.h"
 #include "support/allocations.h"
 #include "support/captured_output.h"
+#include "support/scale.h"
 
 namespace {
 
@@ -174,7 +175,7 @@ TEST(GetIndicationInstance, its_tree_is_not_handed_out_again) {
 // ---- Memory ----
 
 long growth(const std::string& text) {
-  constexpr int repetitions = 10'000;
+  const int repetitions = support::scaled(10'000);
   long before = 0;
   for (int repetition = 0; repetition <= repetitions; ++repetition) {
     Instance* instance = nullptr;

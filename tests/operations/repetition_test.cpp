@@ -8,11 +8,12 @@
 #include "operations/every_operation.h"
 #include "support/allocations.h"
 #include "support/captured_output.h"
+#include "support/scale.h"
 
 namespace operations_test {
 namespace {
 
-constexpr int repetitions = 10'000;
+const int repetitions = support::scaled(10'000);
 
 char host[] = "192.0.2.1";
 char name_space[] = "root/cimv2";

@@ -8,8 +8,11 @@
 #include <string>
 
 #include "platform/outline.h"
+#include "support/scale.h"
 
 namespace {
+
+using support::scaled;
 
 constexpr std::size_t piece = 64 * 1024;  // bytes; texts are fed to the parser in such pieces
 
@@ -48,10 +51,11 @@ TEST(Depth, of_65_levels_is_read) {
 
 TEST(Depth, of_a_million_levels_needs_no_stack) {
   with_a_small_stack([] {
-    const std::string text = repeated("<a>", 1000000) + repeated("</a>", 1000000);
+    const int levels = scaled(1000000);
+    const std::string text = repeated("<a>", levels) + repeated("</a>", levels);
     XmlDocument* document = parseText(nullptr, text.c_str());
     ASSERT_NE(document, nullptr);
-    EXPECT_EQ(depth_of(document->root), 1000000);
+    EXPECT_EQ(depth_of(document->root), levels);
     freeXMLDoc(document);
   });
 }
@@ -62,8 +66,9 @@ TEST(Depth, of_a_million_unclosed_levels_is_refused) {
 }
 
 TEST(Width, of_a_million_siblings_keeps_them_all_in_order) {
+  const int siblings = scaled(1000000);
   std::string text = "<r>";
-  for (int i = 0; i < 1000000; ++i) text += i % 2 ? "<b/>" : "<a n='" + std::to_string(i) + "'/>";
+  for (int i = 0; i < siblings; ++i) text += i % 2 ? "<b/>" : "<a n='" + std::to_string(i) + "'/>";
   XmlDocument* document = parseText(nullptr, (text + "</r>").c_str());
   ASSERT_NE(document, nullptr);
   int count = 0;
@@ -74,26 +79,27 @@ TEST(Width, of_a_million_siblings_keeps_them_all_in_order) {
       ASSERT_EQ(n->attributes->nodeValue, std::to_string(count));
     }
   }
-  EXPECT_EQ(count, 1000000);
+  EXPECT_EQ(count, siblings);
   freeXMLDoc(document);
 }
 
 TEST(Width, of_100000_attributes_keeps_them_all) {
+  const int attributes = scaled(100000);
   std::string text = "<r";
-  for (int i = 0; i < 100000; ++i)
+  for (int i = 0; i < attributes; ++i)
     text += " a" + std::to_string(i) + "='" + std::to_string(i) + "'";
   XmlDocument* document = parseText(nullptr, (text + "/>").c_str());
   ASSERT_NE(document, nullptr);
   int count = 0;
   for (const XmlNode* a = document->root->attributes; a; a = a->nextSibling, ++count)
     ASSERT_EQ(a->nodeValue, std::to_string(count));
-  EXPECT_EQ(count, 100000);
+  EXPECT_EQ(count, attributes);
   freeXMLDoc(document);
 }
 
 // A value that differs everywhere, so that a piece lost or moved shows.
-std::string varied(std::size_t length) {
-  std::string value(length, '\0');
+std::string varied(int length) {
+  std::string value(static_cast<std::size_t>(length), '\0');
   std::uint32_t state = 1;
   for (char& c : value) {
     state = state * 1664525U + 1013904223U;
@@ -103,7 +109,7 @@ std::string varied(std::size_t length) {
 }
 
 TEST(LongValue, of_100_megabytes_comes_out_as_it_went_in) {
-  const std::string value = varied(100'000'000);
+  const std::string value = varied(scaled(100'000'000));
   XmlDocument* document = parseText(nullptr, ("<a>" + value + "</a>").c_str());
   ASSERT_NE(document, nullptr);
   const XmlNode& text = *document->root->firstChild;
@@ -114,7 +120,7 @@ TEST(LongValue, of_100_megabytes_comes_out_as_it_went_in) {
 }
 
 TEST(LongValue, in_cdata_or_an_attribute_comes_out_as_it_went_in) {
-  const std::string value = varied(10'000'000);
+  const std::string value = varied(scaled(10'000'000));
   XmlDocument* document =
       parseText(nullptr, ("<a b='" + value + "'><![CDATA[" + value + "]]></a>").c_str());
   ASSERT_NE(document, nullptr);
@@ -134,7 +140,7 @@ TEST(LongValue, of_references_alone_is_one_text) {
 }
 
 TEST(LongName, of_a_million_bytes_is_kept_whole) {
-  const std::string name = varied(1'000'000);
+  const std::string name = varied(scaled(1'000'000));
   XmlDocument* document = parseText(nullptr, ("<" + name + " " + name + "='1'/>").c_str());
   ASSERT_NE(document, nullptr);
   EXPECT_TRUE(document->root->nodeName == name);
@@ -230,7 +236,7 @@ TEST(Pieces, check_references_in_tags_cut_anywhere) {
 TEST(Pieces, of_texts_one_byte_around_their_ends_lose_nothing) {
   for (const std::size_t pieces : {1U, 2U, 3U}) {
     for (std::size_t length = pieces * piece - 10; length < pieces * piece + 10; ++length) {
-      const std::string value = varied(length);
+      const std::string value = varied(static_cast<int>(length));
       XmlDocument* document = parseText(nullptr, ("<a>" + value + "</a>").c_str());
       ASSERT_NE(document, nullptr);
       EXPECT_TRUE(document->root->firstChild->nodeValue == value) << length;

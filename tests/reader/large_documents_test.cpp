@@ -5,6 +5,7 @@
 #include <string>
 
 #include "reader/reading.h"
+#include "support/scale.h"
 
 namespace {
 
@@ -14,6 +15,7 @@ using reading::length;
 using reading::read;
 using reading::returned;
 using reading::Tree;
+using support::scaled;
 
 class LargeDocuments : public testing::Test {
  protected:
@@ -29,10 +31,10 @@ std::string long_text(std::size_t size) {
   return text;
 }
 
-std::string repeated(std::size_t times, const std::string& text) {
+std::string repeated(int times, const std::string& text) {
   std::string all;
-  all.reserve(times * text.size());
-  for (std::size_t i = 0; i < times; ++i) all += text;
+  all.reserve(static_cast<std::size_t>(times) * text.size());
+  for (int i = 0; i < times; ++i) all += text;
   return all;
 }
 
@@ -82,7 +84,7 @@ TEST_F(LargeDocuments, an_embedded_instance_comes_out_whole) {
 }
 
 TEST_F(LargeDocuments, a_hundred_thousand_siblings_keep_their_order) {
-  constexpr int count = 100'000;
+  const int count = scaled(100'000);
   std::string names;
   for (int i = 0; i < count; ++i) names += "<CLASSNAME NAME=\"" + std::to_string(i) + "\"/>\n";
   const Tree tree = read(answer(names));
@@ -93,7 +95,7 @@ TEST_F(LargeDocuments, a_hundred_thousand_siblings_keep_their_order) {
 }
 
 TEST_F(LargeDocuments, a_million_siblings_of_alternating_kinds) {
-  constexpr int count = 250'000;
+  const int count = scaled(250'000);
   const Tree tree = read(answer("<INSTANCE>" +
                                 repeated(count,
                                          "<PROPERTY/>\n<QUALIFIER/>\n<PROPERTY.ARRAY/>\n"
@@ -107,18 +109,20 @@ TEST_F(LargeDocuments, a_million_siblings_of_alternating_kinds) {
 }
 
 TEST_F(LargeDocuments, a_million_siblings_with_children) {
-  constexpr int count = 500'000;
+  const int count = scaled(500'000);
   const Tree tree = read(answer(repeated(count, "<INSTANCE><PROPERTY/></INSTANCE>\n")));
   EXPECT_EQ(length(returned(tree).instance), count);
 }
 
 TEST_F(LargeDocuments, a_million_siblings_that_replace_each_other) {
-  const Tree tree = read(document(repeated(1'000'000, "<MESSAGE/>\n") + "<MESSAGE ID=\"7\"/>"));
+  const Tree tree =
+      read(document(repeated(scaled(1'000'000), "<MESSAGE/>\n") + "<MESSAGE ID=\"7\"/>"));
   EXPECT_STREQ(tree->message->id, "7");
 }
 
 TEST_F(LargeDocuments, a_million_siblings_that_are_not_linked) {
-  const Tree tree = read(document(repeated(1'000'000, "<VALUE/>\n") + "<MESSAGE ID=\"7\"/>"));
+  const Tree tree =
+      read(document(repeated(scaled(1'000'000), "<VALUE/>\n") + "<MESSAGE ID=\"7\"/>"));
   EXPECT_STREQ(tree->message->id, "7");
 }
 
@@ -175,16 +179,16 @@ TEST_F(LargeDocuments, the_element_after_one_deeper_than_the_stack_is_not_linked
 }
 
 TEST_F(LargeDocuments, a_million_levels_of_known_elements) {
-  const Tree tree = read(answer(nested_references(1'000'000)));
+  const Tree tree = read(answer(nested_references(scaled(1'000'000))));
   EXPECT_EQ(depth(returned(tree).instanceName), 4092);
 }
 
 // Each CLASS keeps its name on the way down.  On the way up each QUALIFIER takes the nearest one's;
 // when the 4095 of the stack are used up, the root goes, too.
 TEST_F(LargeDocuments, a_million_levels_with_siblings_that_keep_the_names) {
-  EXPECT_FALSE(parseXML(
-      document(repeated(1'000'000, "<CLASS>") + repeated(1'000'000, "</CLASS><QUALIFIER/>"))
-          .c_str()));
+  EXPECT_FALSE(parseXML(document(repeated(scaled(1'000'000), "<CLASS>") +
+                                 repeated(scaled(1'000'000), "</CLASS><QUALIFIER/>"))
+                            .c_str()));
 }
 
 }  // namespace
