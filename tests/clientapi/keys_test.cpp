@@ -65,10 +65,9 @@ TEST(LocalKeys, a_reference_is_carried_over_until_the_next_reference) {
   KeyBinding* keys = reference_key("A");
   AddToKeyBindingListRef(&keys, "B", "text", "string", nullptr);
   keys->next->next = reference_key("C");
-  KeyBinding* third = keys->next->next;
-  Clone_PCData(
-      "chassis2",
-      &third->valueReference->localInstancePath->instanceName->keyBindings->keyValue->text);
+  InstanceName* third = keys->next->next->valueReference->localInstancePath->instanceName;
+  Free_PCData(third->keyBindings->keyValue->text);
+  Clone_PCData("chassis2", &third->keyBindings->keyValue->text);
   AddToKeyBindingListRef(&keys, "D", "text", "string", nullptr);
   EXPECT_EQ(target.add(keys), 0);
   EXPECT_EQ(target.text(),

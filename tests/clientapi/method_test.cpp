@@ -20,6 +20,7 @@ int invoke(ParamValue* in = nullptr, ParamValue** out = nullptr) {
   ParamValue* ignored = nullptr;
   Error* error = nullptr;
   const int result = invokeMethod(handle.get, name.get, "Stop", in, out ? out : &ignored, &error);
+  Free_Error(error);
   Free_ParamValue(ignored);
   return result;
 }
