@@ -14,7 +14,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr auto tick = std::chrono::milliseconds(200);
+constexpr auto tick = std::chrono::milliseconds(100);
 constexpr auto patience = std::chrono::seconds(1);  // waits shorter than this show nothing
 
 }  // namespace

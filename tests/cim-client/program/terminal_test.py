@@ -3,6 +3,7 @@
 import fcntl
 import os
 import pty
+import re
 import select
 import signal
 import struct
@@ -170,6 +171,23 @@ class Progress(unittest.TestCase):
             self.assertEqual(terminal.finish(), 0)
         self.assertIn("waiting for 127.0.0.1", terminal.shown)
         self.assertTrue(terminal.shown.endswith("\x1b[Kcim-client: no classes found\n"))
+
+    def test_a_long_enumeration_counts_what_has_been_read(self):
+        path = f"/tmp/cim-client-progress-{os.getpid()}"
+        self.addCleanup(os.remove, path)
+        with sandbox("--generate", "CIM_Fan=20000", "--fault", "all delay 1000") as url:
+            terminal = Terminal(
+                "ei", "CIM_Fan", "-p", "DeviceID",
+                environment={"CIM_CLIENT_URL": url}, output=path,
+            )  # fmt: skip
+            self.assertEqual(terminal.finish(), 0)
+        counts = [int(n) for n in re.findall(r"reading the answer, (\d+) objects", terminal.shown)]
+        self.assertNotEqual(counts, [])
+        self.assertEqual(counts, sorted(counts))
+        self.assertLessEqual(counts[-1], 20003)
+        self.assertTrue(terminal.shown.endswith("\r\x1b[K"), "the line is erased")
+        with open(path, encoding="utf-8") as file:
+            self.assertNotIn("\x1b", file.read(), "nothing of it goes into the results")
 
 
 if __name__ == "__main__":
