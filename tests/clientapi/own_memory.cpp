@@ -7,7 +7,9 @@
 
 // What the dynamic linker keeps of a library that is opened: the leak check knows the linker's own
 // calls of malloc(), but not those that come through another one.
-extern "C" const char* __lsan_default_suppressions() { return "leak:_dl_map_object_deps\n"; }
+extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions() {
+  return "leak:_dl_map_object_deps\n";
+}
 
 void* operator new(std::size_t size) {
   const support::UncountedAllocations uncounted;
