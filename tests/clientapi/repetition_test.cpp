@@ -8,13 +8,14 @@
 #include "support/allocations.h"
 #include "support/captured_output.h"
 #include "support/open_descriptors.h"
+#include "support/scale.h"
 
 namespace {
 
 using namespace support;
 using sandbox_local::Ledger;
 
-constexpr int repetitions = 10'000;
+const int repetitions = scaled(10'000);
 constexpr char name_space[] = "root/cimv2";
 
 class LocalRepetition : public testing::TestWithParam<LocalOperation> {
@@ -43,7 +44,7 @@ class LocalRepetition : public testing::TestWithParam<LocalOperation> {
     const long blocks = living_blocks();
     for (int repetition = 0; repetition < repetitions; ++repetition) call(given_name_space);
     EXPECT_EQ(living_blocks(), blocks);
-    EXPECT_LT(bytes_in_use() - bytes, repetitions);  // less than a byte for each
+    EXPECT_LT(bytes_in_use() - bytes, 10'000);  // less than a byte for each
     EXPECT_EQ(open_descriptors(), descriptors);
     EXPECT_EQ(Ledger::of_process().live_count(), 0U);
   }
