@@ -50,7 +50,12 @@ RUNS = (
      "AUint64=5", "References=[CIM_Fan.DeviceID=fan1]", "Real64s=[1.5]"),
     ("create-instance", "Sandbox_EveryType", "Id=99"),
 )  # fmt: skip
-LINE_RUNS = (("doctor",), ("doctor", "--namespace", "root/none"), ("doctor", "--port", "1"))
+LINE_RUNS = (
+    ("doctor",),
+    ("doctor", "--namespace", "root/none"),
+    ("doctor", "--port", "1"),
+    ("doctor", "--backend", "local"),
+)
 
 
 class Validation(harness.SandboxTest):

@@ -23,7 +23,7 @@ class Report {
  public:
   explicit Report(Output& output) : output_(output) {}
 
-  void add(Step step) {
+  void add(const Step& step) {
     if (step.result == Step::Result::Failed && status_ == ExitStatus::Success) {
       status_ = step.status;
       failure_ = step.name;
