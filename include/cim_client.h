@@ -1898,7 +1898,8 @@ CIM_API CIM *Free_Header(CIM *root);
  *              reports one with a text
  *   result     0; -1 when the library cannot be loaded (standard error says why), the
  *              connection fails (standard output says so), an argument is missing, or an
- *              answer cannot be read. An error of the broker gives 0, too
+ *              answer cannot be read; an enumeration gives 0 for such an answer. An error
+ *              of the broker gives 0, too
  *
  * Hosts, flags and property lists that are named "ignored" are not passed to the broker.
  * @{ */
@@ -2149,7 +2150,9 @@ CIM_API int getPropertyArrayData(Value **valuesOut, uint32_t code, void *array);
 /** Makes a list of the output arguments of a method. */
 CIM_API int add_args_to_invoke_response(void *args, ParamValue **parametersOut);
 
-/** Fills a parameter from an output argument; a null @p value gives one without value. */
+/** Fills a parameter from an output argument; a null @p value gives one without value.
+ *  Values of reals, of char16 and of codes without a name are not handed out: the record stays
+ *  as it is, without a name as well. */
 CIM_API int CIMC_Handle_Invoke_ReturnValues(uint32_t code, const void *value, const char *name,
                                             ParamValue *record);
 

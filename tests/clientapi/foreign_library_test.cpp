@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <memory>
 
 #include "cim_client.h"
 #include "support/captured_output.h"
@@ -35,15 +36,15 @@ TEST(ForeignLibrary, the_loader_gives_code_and_message) {
 }
 
 TEST(ForeignLibrary, one_trace_word_without_the_other_is_left_alone) {
-  void* library = dlopen("libcimcClientSfcbLocal.so", RTLD_NOW);
+  const std::unique_ptr<void, int (*)(void*)> library(
+      dlopen("libcimcClientSfcbLocal.so", RTLD_NOW), dlclose);
   ASSERT_NE(library, nullptr);
-  const auto* mask = static_cast<const int*>(dlsym(library, "_sfcb_trace_mask"));
+  const auto* mask = static_cast<const int*>(dlsym(library.get(), "_sfcb_trace_mask"));
   ASSERT_NE(mask, nullptr);
   setenv("SFCB_TRACE", "4096", 1);
-  setSFCBTrace(library);
+  setSFCBTrace(library.get());
   unsetenv("SFCB_TRACE");
   EXPECT_EQ(*mask, -1);
-  dlclose(library);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <memory>
 #include <set>
 
 #include "clientapi/local_operations.h"
@@ -123,8 +124,8 @@ TEST(LoaderMemory, that_runs_out_leaves_the_code_without_a_message) {
       },
       [&] { EXPECT_EQ(code, 2); });
   EXPECT_GE(allocations, 1U);
-  EXPECT_STREQ(message, "Unable to locate entry _Create_Other_Env in libcimcClientOther.so");
-  std::free(message);
+  const std::unique_ptr<char, void (*)(void*)> owner(message, std::free);
+  EXPECT_STREQ(owner.get(), "Unable to locate entry _Create_Other_Env in libcimcClientOther.so");
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ class Methods : public test::ManagedObjects {
             "  [Static, SandboxSets{\"Speed=1\"}] uint32 WrongStatic(); };\n"
             "instance of Fan { Id = \"f\"; Speed = 100; };") {}
 
-  Outcome<MethodResult> invoke(const char* method, std::vector<GivenValue> arguments = {},
+  Outcome<MethodResult> invoke(const char* method, const std::vector<GivenValue>& arguments = {},
                                const char* object = "Fan.Id=\"f\"") {
     return manager_.invoke_method(path(object), method, arguments);
   }
