@@ -36,8 +36,8 @@ TEST(ForeignLibrary, the_loader_gives_code_and_message) {
 }
 
 TEST(ForeignLibrary, one_trace_word_without_the_other_is_left_alone) {
-  const std::unique_ptr<void, int (*)(void*)> library(
-      dlopen("libcimcClientSfcbLocal.so", RTLD_NOW), dlclose);
+  const std::unique_ptr<void, int (*)(void*)> library(dlopen("libcimcClientSfcbLocal.so", RTLD_NOW),
+                                                      dlclose);
   ASSERT_NE(library, nullptr);
   const auto* mask = static_cast<const int*>(dlsym(library.get(), "_sfcb_trace_mask"));
   ASSERT_NE(mask, nullptr);
