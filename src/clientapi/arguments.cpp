@@ -1,3 +1,4 @@
+// Making the arguments of a method call, one parameter at a time.
 #include "clientapi/arguments.h"
 
 #include "clientapi/paths.h"

@@ -1,3 +1,4 @@
+// Filling instance records from what the broker enumerates.
 #include "clientapi/instances.h"
 
 #include <cstdlib>

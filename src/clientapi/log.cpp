@@ -1,3 +1,4 @@
+// Writing the lines, and the error record that goes with them.
 #include "clientapi/log.h"
 
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// Reading keys out of object paths.
 #include "clientapi/names.h"
 
 #include <cstdlib>

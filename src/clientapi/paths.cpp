@@ -1,3 +1,4 @@
+// Making object paths, key by key.
 #include "clientapi/paths.h"
 
 namespace cim::broker {

@@ -1,3 +1,4 @@
+// Opening a session, and telling how it ended.
 #include "clientapi/session.h"
 
 #include <cstdio>

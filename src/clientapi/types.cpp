@@ -1,3 +1,4 @@
+// Looking types up, and making values within their limits.
 #include "clientapi/types.h"
 
 #include <cstdio>

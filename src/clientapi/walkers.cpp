@@ -1,3 +1,4 @@
+// Walking enumerations, element by element.
 #include "clientapi/walkers.h"
 
 #include "base/memory.h"

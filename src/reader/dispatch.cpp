@@ -1,3 +1,4 @@
+// The table of elements, looked up by name.
 #include "reader/dispatch.h"
 
 #include "reader/unlinked.h"

@@ -1,3 +1,4 @@
+// Opening and closing elements, and linking what they left.
 #include "reader/element_stack.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Releasing records that nobody was handed.
 #include "reader/unlinked.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// Growing, and handing the text over.
 #include "writer/text.h"
 
 #include <charconv>

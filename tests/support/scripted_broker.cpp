@@ -1,3 +1,4 @@
+// Scripts of one test, and what the client did.
 #include "support/scripted_broker.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Counting, complaining and describing calls.
 #include "ledger.h"
 
 #include <cstdio>

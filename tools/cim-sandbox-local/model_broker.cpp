@@ -1,3 +1,4 @@
+// Answering each call of the broker from the model.
 #include "model_broker.h"
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// Converting values, type by type.
 #include "model_values.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// Making and releasing objects.
 #include "objects.h"
 
 #include <cstring>

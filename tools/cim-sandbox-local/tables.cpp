@@ -1,3 +1,4 @@
+// What each slot of the tables does.
 #include "tables.h"
 
 #include <cstdlib>
