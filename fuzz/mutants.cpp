@@ -18,8 +18,10 @@
 #include <string_view>
 #include <vector>
 
+// NOLINTBEGIN(readability-identifier-naming,bugprone-reserved-identifier)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-extern "C" [[gnu::weak]] void __sanitizer_set_death_callback(void (*callback)());  // NOLINT
+extern "C" [[gnu::weak]] void __sanitizer_set_death_callback(void (*callback)());
+// NOLINTEND(readability-identifier-naming,bugprone-reserved-identifier)
 
 namespace {
 
@@ -77,9 +79,9 @@ std::string unquoted(std::string_view line) {
   const std::size_t end = line.rfind('"');
   std::string token;
   for (std::size_t i = begin; i < end; ++i) {
-    if (line[i] != '\\') {
-      token += line[i];
-    } else if (line[++i] == 'x') {
+    const bool escaped = line[i] == '\\';
+    if (escaped) ++i;
+    if (escaped && line[i] == 'x') {
       token += static_cast<char>(std::stoi(std::string(line.substr(i + 1, 2)), nullptr, 16));
       i += 2;
     } else {
@@ -176,6 +178,8 @@ void run(const Mutants& mutants, const Settings& settings) {
     running_text = mutants[running];
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(running_text.data()),
                            running_text.size());
+    if ((count + 1) % 1'000'000 == 0)
+      std::fprintf(stderr, "%llu mutants\n", static_cast<unsigned long long>(count + 1));
   }
   std::printf("%llu mutants of %zu seeds, none apart\n", static_cast<unsigned long long>(count),
               mutants.seeds());
@@ -185,7 +189,7 @@ void run(const Mutants& mutants, const Settings& settings) {
 bool take_setting(std::string_view argument, Settings& settings) {
   const std::size_t equals = argument.find('=');
   const std::string_view name = argument.substr(0, equals);
-  if (equals == argument.npos) return false;
+  if (equals == std::string_view::npos) return false;
   const std::string value(argument.substr(equals + 1));
   if (name == "seconds")
     settings.seconds = std::stod(value);

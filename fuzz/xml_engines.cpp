@@ -6,6 +6,7 @@
 
 #include "platform/engines.h"
 
+// NOLINTNEXTLINE(readability-identifier-naming): libFuzzer's name
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
   const std::string apart = engines::disagreement(text.c_str());

@@ -11,9 +11,9 @@
 namespace xmlparser {
 
 struct NumberedName {
-  const char* text = nullptr;  // null: memory ran out
-  std::uint32_t length = 0;
-  std::uint32_t number = 0;  // from 1 on; 0: kept for this one use
+  const char* text;  // null: memory ran out
+  std::uint32_t length;
+  std::uint32_t number;  // from 1 on; 0: kept for this one use
 };
 
 // Finds a name in a bounded number of steps, so that no choice of names makes a document slow.

@@ -109,6 +109,7 @@ class Scanner {
   const char* add(const char* bytes, std::size_t length, const char* next);
 
   const char* name(const char* p, NumberedName& name);
+  const char* new_name(const char* p, NumberedName& name);
   const char* character(const char* p, const char* why_at_end);
   const char* find(char wanted, const char* p);
 
@@ -171,7 +172,7 @@ const char* Scanner::find(char wanted, const char* p) {
 }
 
 // A name that is known has been looked at before.
-const char* Scanner::name(const char* p, NumberedName& name) {
+inline const char* Scanner::name(const char* p, NumberedName& name) {
   const char* end = end_of_ascii_name(p, end_);
   if (end != p && !is_beyond_ascii(*end)) {
     const NumberedName* known = tree_.find_name(p, static_cast<std::size_t>(end - p));
@@ -180,7 +181,11 @@ const char* Scanner::name(const char* p, NumberedName& name) {
       return end;
     }
   }
-  end = end_of_name(p);
+  return new_name(p, name);
+}
+
+const char* Scanner::new_name(const char* p, NumberedName& name) {
+  const char* end = end_of_name(p);
   if (end == p) return p == end_ ? fail(token_, unclosed_token) : fail(p, invalid_token);
   const auto length = static_cast<std::size_t>(end - p);
   if (length > UINT32_MAX) return fail(p, "name too long");
@@ -369,7 +374,7 @@ const char* Scanner::markup(const char* p) {
 }
 
 const char* Scanner::start_tag(const char* p) {
-  NumberedName element;
+  NumberedName element{};
   if (!tree_.end_text()) return fail_for_memory();
   p = name(p, element);
   if (!p) return nullptr;
@@ -401,7 +406,7 @@ const char* Scanner::attributes(const char* p) {
 }
 
 const char* Scanner::attribute(const char* p) {
-  NumberedName attribute;
+  NumberedName attribute{};
   const char* begin = p;
   p = name(p, attribute);
   if (!p) return nullptr;
@@ -430,7 +435,7 @@ bool Scanner::is_new_in_tag(const NumberedName& name) {
 
 // Sorts them: a tag may have very many.
 const char* Scanner::check_unnumbered_attributes(const char* p) {
-  auto** sorted = static_cast<const XmlNode**>(std::malloc(unnumbered_ * sizeof(XmlNode*)));
+  auto** sorted = static_cast<const XmlNode**>(std::calloc(unnumbered_, sizeof(void*)));
   if (!sorted) return fail_for_memory();
   const XmlNode** sorted_end = sorted;
   for (const XmlNode* a = tree_.parent().attributes; a; a = a->nextSibling)

@@ -35,9 +35,10 @@ bool is_explained(Left left, std::string_view text) {
   const bool begins_with_mark = text.substr(0, 3) == "\xEF\xBB\xBF";
   if (left == Left::Encoding)
     return text.substr(begins_with_mark ? 3 : 0, 5) == "<?xml" &&
-           text.substr(0, text.find("?>")).find("encoding") != text.npos;
+           text.substr(0, text.find("?>")).find("encoding") != std::string_view::npos;
   const std::size_t type = text.find("<!DOCTYPE");
-  return left == Left::Declarations && type != text.npos && text.find('[', type) != text.npos;
+  return left == Left::Declarations && type != std::string_view::npos &&
+         text.find('[', type) != std::string_view::npos;
 }
 
 std::string describe(const char* what, const XmlNode* a, const XmlNode* b) {
