@@ -290,7 +290,10 @@ void invoke(Conversation& ask) {
   place->value->isCData = 1;
   place->value->instance =
       instance_of("Sandbox_Location", {{"Building", "string", {"East"}}}).release();
-  ask.invoke("move", system(), "Move", Parameters(place));
+  Property* const properties = place->value->instance->properties;
+  const Parameters in(place);
+  ask.invoke("move", system(), "Move", in);
+  place->value->instance->properties = properties;  // over HTTP they are unhooked in writing
   ask.query("moved", "WQL", "SELECT * FROM CIM_ComputerSystem WHERE Location ISA Sandbox_Location");
   ask.invoke("reboot", system(), "Reboot", parameters({{"Delay", "uint32", {"0"}}}));
 }
