@@ -21,6 +21,7 @@ using Handle = struct client_Configuration*;
 InstanceOwner typed_instance(Context& context, const std::string& class_name,
                              const std::vector<std::string>& texts) {
   std::vector<Assignment> assignments;
+  assignments.reserve(texts.size());
   for (const std::string& text : texts) assignments.push_back(parse_assignment(text));
   const ClassSource classes = class_source(context);
   return make_instance(*classes(class_name), assignments, classes);

@@ -82,6 +82,7 @@ void invoke(Context& context, const Arguments& arguments) {
   const ClassOwner definition = classes(path.class_name);
   const Method& method = find_method(*definition, arguments.words[1]);
   std::vector<Assignment> assignments;
+  assignments.reserve(arguments.rest.size());
   for (const std::string& text : arguments.rest) assignments.push_back(parse_assignment(text));
   const ParamValueOwner parameters = make_parameters(method, assignments, classes);
   context.session().make_sendable(parameters.get());
