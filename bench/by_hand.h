@@ -1,0 +1,30 @@
+// What a plain program does with the records of an EnumerateInstances answer, written out by
+// hand for these records alone: the measure for the library's release and copies.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "cim_client.h"
+
+namespace bench {
+
+struct Block {
+  void* address;
+  std::size_t size;
+};
+
+// Every block of the list, each record before what it holds.
+std::vector<Block> blocks_of(const NamedInstance* list);
+
+void free_by_hand(NamedInstance* list);
+NamedInstance* copy_by_hand(const NamedInstance* list);
+
+// The number of blocks and bytes, and a checksum of all texts in their order.
+std::string digest_of(const NamedInstance* list);
+
+// The instances of an answer, or null.
+NamedInstance* instances_of(const CIM* tree);
+
+}  // namespace bench
