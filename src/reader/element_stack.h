@@ -11,14 +11,16 @@ namespace cim {
 // Empties the stack and zeroes every entry that has been used.
 void clear_stack();
 
-// Forgets where the lists of the records on the stack end.
-void forget_tails();
+// Forgets what is known of the stack's entries from the document before: where their lists
+// end, and whose names they have.
+void forget_document();
 
 // Pop(), as an index into `map`; -1 when there is no entry of that name.
 std::int32_t find_parent(const char* name);
 
-// Push() for a record that is known not to be on the stack.
-void push_new(void* record, const char* name);
+// Push() for a record that is known not to be on the stack.  `tag` is the name's text in the
+// document, which stays until forget_document(); null when it does not.
+void push_new(void* record, const char* name, const char* tag);
 
 // removeParent(), but the CIM record that it finds stays the reader's.
 void take_name(const char* name);

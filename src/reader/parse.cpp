@@ -21,7 +21,7 @@ using cim::trace;
 // One walk over a document.
 class Walk {
  public:
-  Walk() { cim::forget_tails(); }
+  Walk() { cim::forget_document(); }
 
   // Builds the records of `node` and of all that follows it.  False when memory runs out.
   bool run(const XmlNode* node) {
@@ -45,7 +45,7 @@ class Walk {
 
     // The last child of a parent takes its name off the stack, so that a later element of that
     // name does not get this parent's children.
-    if (!element.nextSibling && strcasecmp(element.nodeName, "CIM") != 0)
+    if (!element.nextSibling && !is_cim(element.nodeName))
       cim::take_name(parent_name_);
     return true;
   }
@@ -63,13 +63,17 @@ class Walk {
     cim::trace_line(dispatch.trace);
 
     if (element.firstChild || dispatch.always_on_stack) {
-      cim::push_new(record, element.nodeName);
+      cim::push_new(record, element.nodeName, element.nodeName);
     } else if (!building.parent.record || cim::is_traced()) {
       // With a record, the parent is on the stack already: Push() only leaves its trace lines.
       Push(entry_of(building.parent.record));
     }
     if (cim::is_traced()) printStack();
     return true;
+  }
+
+  static bool is_cim(const char* name) {
+    return (name[0] == 'C' || name[0] == 'c') && strcasecmp(name, "CIM") == 0;
   }
 
   cim::Name name_of_parent(const XmlNode& element) {
