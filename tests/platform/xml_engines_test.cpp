@@ -99,7 +99,11 @@ TEST(Characters, are_the_same_to_both_engines_in_names) {
   });
 }
 
-TEST(Bytes, any_two_are_the_same_to_both_engines_everywhere) {
+// Bytes that mean something somewhere, and one of each kind that does not.
+constexpr std::string_view significant =
+    "\x01\t\n\r !\"#%&'()*+,-./09:;<=>?@AXZ[]_`axz|\x7F\x80\xBF\xC0\xC3\xE0\xED\xEF\xF0\xF4\xFF";
+
+TEST(Bytes, in_pairs_are_the_same_to_both_engines_everywhere) {
   const auto with = [](std::string_view frame, const std::string& bytes) {
     std::string text(frame);
     return text.replace(text.find('@'), 1, bytes);
@@ -109,8 +113,8 @@ TEST(Bytes, any_two_are_the_same_to_both_engines_everywhere) {
         "<a><![CDATA[@]]></a>", "<a>&@;</a>", "<!DOCTYPE a@><a/>", "<?xml version='1.0'@?><a/>",
         "<!DOCTYPE a PUBLIC '@' 'b'><a/>", "<a><@/></a>", "<a></a@>"})
     for (unsigned first = 1; first < 256; ++first)
-      for (unsigned second = 1; second < 256; second += first < 128 ? 1 : 7) {
-        const std::string bytes{static_cast<char>(first), static_cast<char>(second)};
+      for (const char second : significant) {
+        const std::string bytes{static_cast<char>(first), second};
         const std::string text = with(frame, bytes);
         ASSERT_EQ(engines::disagreement(text.c_str()), "") << text;
       }
