@@ -141,7 +141,9 @@ struct XmlParseState {
  *
  * Refused although they may be well-formed, with a text that says so: a document that
  * declares an entity or refers to one that it does not declare; more attribute declarations
- * than 256, or attribute defaults that supply more than four times the size of the document.
+ * than 256, or attribute defaults that supply more than four times the size of the document. A
+ * library that is built without Expat also refuses ISO-8859-1 and all declarations inside a
+ * document type.
  *
  * Takes time and memory in proportion to the text; depth and width have no limit of their
  * own, and the C stack does not grow with them.
