@@ -63,7 +63,12 @@ struct CIMCStatus {
   CIMCString* msg;  // may be null, and may be empty
 };
 
+// The largest member comes first: {} clears the first one, and with it all of them.
 union CIMCValue {
+  struct {
+    void* ptr;
+    unsigned length;
+  } dataPtr;
   std::uint8_t uint8;
   std::uint16_t uint16;
   std::uint32_t uint32;
@@ -82,10 +87,6 @@ union CIMCValue {
   CIMCString* string;
   char* chars;
   CIMCDateTime* dateTime;
-  struct {
-    void* ptr;
-    unsigned length;
-  } dataPtr;
 };
 
 struct CIMCData {

@@ -47,7 +47,12 @@ typedef struct _CIMCStatus {
   CIMCString* msg;
 } CIMCStatus;
 
+// The largest member comes first: {} clears the first one, and with it all of them.
 typedef union _CIMCValue {
+  struct {
+    void* ptr;
+    unsigned int length;
+  } dataPtr;
   uint8_t uint8;
   uint16_t uint16;
   uint32_t uint32;
@@ -69,10 +74,6 @@ typedef union _CIMCValue {
   CIMCString* string;
   char* chars;
   CIMCDateTime* dateTime;
-  struct {
-    void* ptr;
-    unsigned int length;
-  } dataPtr;
 } CIMCValue;
 
 typedef struct _CIMCData {
