@@ -1,20 +1,21 @@
 #!/bin/sh
 # Installs what the project builds with, as listed in debian-packages.txt beside this script.
 #
-# usage: install-packages.sh [SECTION...]     without a section: every package
+# usage: install-packages.sh [SECTION...]     without a section: build and test
 #
 # Asks for nothing, and does nothing when everything is there.  As an ordinary user it goes
 # through sudo.  When it cannot install, one line says what is missing; the status is 1.
 set -eu
 
 list=$(dirname "$0")/debian-packages.txt
+[ $# -gt 0 ] || set -- build test
 
 # The packages of the wanted sections for this machine's architecture.  A line is a section,
 # "# name", or a package, which may be bound to architectures as in "package [amd64 i386]".
 wanted() {
   awk -v sections=" $* " -v architecture="$(dpkg --print-architecture)" '
     /^#/ { section = $2; next }
-    NF == 0 || (sections != "  " && !index(sections, " " section " ")) { next }
+    NF == 0 || !index(sections, " " section " ") { next }
     NF > 1 { bound = $0; gsub(/[^a-z0-9 -]/, " ", bound) }
     NF == 1 || index(bound " ", " " architecture " ") { print $1 }' "$list" | sort -u
 }

@@ -8,7 +8,8 @@ import tempfile
 import unittest
 
 SCRIPT = pathlib.Path(__file__).resolve().parents[2] / "packaging/install-packages.sh"
-LIST = "# build\ncmake\ng++\n# test\ngcc-multilib [amd64 i386]\nvalgrind\n"
+LIST = ("# build\ncmake\ng++\n# test\ngcc-multilib [amd64 i386]\nvalgrind\n"
+        "# machines\nqemu-user\n")
 
 # What the script may call besides the stand-ins.
 TOOLS = ("awk", "comm", "dirname", "env", "mktemp", "rm", "sed", "sort", "tail", "tr")
@@ -67,6 +68,11 @@ class InstallPackages(unittest.TestCase):
         self.machine([])
         self.assertEqual(0, self.run_script("build").returncode)
         self.assertTrue(self.calls()[1].endswith(" install cmake g++"), self.calls())
+
+    def test_sections_beyond_build_and_test_are_installed_when_named(self):
+        self.machine([])
+        self.assertEqual(0, self.run_script("build", "machines").returncode)
+        self.assertTrue(self.calls()[1].endswith(" install cmake g++ qemu-user"), self.calls())
 
     def test_a_package_of_another_architecture_is_left_out(self):
         self.machine(["cmake", "g++", "valgrind"], architecture="arm64")
