@@ -37,6 +37,9 @@ class Names {
     return nullptr;
   }
 
+  // Of the name with that number.
+  std::size_t length_of(std::uint32_t number) const { return entries_[number - 1U].name.length; }
+
   // Keeps a name that find() does not find, of 1 byte or more.
   NumberedName add(Arena& arena, const char* bytes, std::size_t length);
 

@@ -44,12 +44,11 @@ bool is_letter_or_digit(char c) {
 
 // Of an attribute flood that the table of names does not hold, by pointer.
 bool name_is_less(const XmlNode* a, const XmlNode* b) {
-  return std::string_view(a->nodeName, a->nodeNameLength) <
-         std::string_view(b->nodeName, b->nodeNameLength);
+  return std::strcmp(a->nodeName, b->nodeName) < 0;
 }
 
 bool name_is_equal(const XmlNode* a, const XmlNode* b) {
-  return !name_is_less(a, b) && !name_is_less(b, a);
+  return std::strcmp(a->nodeName, b->nodeName) == 0;
 }
 
 // Each function reads what its name says.  It takes where that begins, past the characters that
@@ -448,7 +447,7 @@ const char* Scanner::check_unnumbered_attributes(const char* p) {
 
 const char* Scanner::end_tag(const char* p) {
   const XmlNode& element = tree_.parent();
-  const std::size_t length = element.nodeNameLength;
+  const std::size_t length = tree_.name_length(element);
   if (static_cast<std::size_t>(end_ - p) <= length || std::memcmp(p, element.nodeName, length) != 0)
     return wrong_end_tag(p);
   const char* end = skip_white(p + length);

@@ -28,7 +28,6 @@ void TreeBuilder::start() {
   *document_ = Document{};
   document_->node.nodeType = XML_DOCUMENT;
   document_->node.nodeName = document_name.text;
-  document_->node.nodeNameLength = document_name.length;
   parent_ = &document_->node;
 }
 
@@ -40,12 +39,10 @@ NumberedName TreeBuilder::add_name(const char* bytes, std::size_t length) {
 
 // Turns the open text into a node.
 bool TreeBuilder::add_text_node(int type, const NumberedName& name) {
-  const std::size_t length = arena_.text_length();
   const char* text = arena_.finish_text();
   XmlNode* node = text ? add_node(type, name) : nullptr;
   if (!node) return fail();
   node->nodeValue = text;
-  node->nodeValueLength = length;
   return true;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 
 #include "XMLParser.h"
 #include "arena.h"
@@ -31,6 +32,11 @@ class TreeBuilder {
   // Keeps a new one; its text is null when memory has run out.  No text may be open.
   NumberedName add_name(const char* bytes, std::size_t length);
 
+  // Of a node's name.
+  std::size_t name_length(const XmlNode& node) const {
+    return node.nodeNameId ? names_.length_of(node.nodeNameId) : std::strlen(node.nodeName);
+  }
+
   // At an element or a CDATA section the text before it ends: white space is not data there but
   // layout, and is dropped.
   bool end_text() { return arena_.text_length() == 0 || end_open_text(); }
@@ -47,12 +53,10 @@ class TreeBuilder {
 
   // Of the element opened last, before anything else is told; the open text is its value.
   bool add_attribute(const NumberedName& name) {
-    const std::size_t length = arena_.text_length();
     const char* value = arena_.finish_text();
     XmlNode* attribute = value ? new_node(XML_ATTRIBUTE, name) : nullptr;
     if (!attribute) return fail();
     attribute->nodeValue = value;
-    attribute->nodeValueLength = length;
     (last_attribute_ ? last_attribute_->nextSibling : parent_->attributes) = attribute;
     last_attribute_ = attribute;
     return true;
@@ -98,7 +102,6 @@ class TreeBuilder {
     node->nodeType = type;
     node->nodeName = name.text;
     node->nodeNameId = name.number;
-    node->nodeNameLength = name.length;
     return node;
   }
 

@@ -54,10 +54,7 @@ bool equal(const char* a, const char* b) { return a && b ? std::strcmp(a, b) == 
 // Of two nodes, without those that they lead to.
 bool fields_are_equal(const XmlNode& a, const XmlNode& b) {
   return a.nodeType == b.nodeType && equal(a.nodeName, b.nodeName) &&
-         equal(a.nodeValue, b.nodeValue) && a.nodeNameId == b.nodeNameId &&
-         a.nodeNameLength == b.nodeNameLength && a.nodeValueLength == b.nodeValueLength &&
-         std::strlen(a.nodeName) == a.nodeNameLength &&
-         (!a.nodeValue || std::strlen(a.nodeValue) == a.nodeValueLength);
+         equal(a.nodeValue, b.nodeValue) && a.nodeNameId == b.nodeNameId;
 }
 
 std::string difference_of_attributes(const XmlNode& first, const XmlNode& second) {

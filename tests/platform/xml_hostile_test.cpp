@@ -188,7 +188,7 @@ TEST_P(HostileInput, costs_less_than_a_second_and_16_times_its_size) {
 INSTANTIATE_TEST_SUITE_P(Xml, HostileInput, testing::ValuesIn(inputs),
                          [](const auto& test) { return std::string(test.param.name); });
 
-// The densest documents there are: a node record has 72 bytes (on 64-bit machines), whatever it
+// The densest documents there are: a node record has 56 bytes (on 64-bit machines), whatever it
 // stands for.
 TEST(DenseDocument, costs_a_record_for_each_node_and_little_else) {
   if (under_valgrind()) return;

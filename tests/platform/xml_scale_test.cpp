@@ -113,7 +113,6 @@ TEST(LongValue, of_100_megabytes_comes_out_as_it_went_in) {
   XmlDocument* document = parseText(nullptr, ("<a>" + value + "</a>").c_str());
   ASSERT_NE(document, nullptr);
   const XmlNode& text = *document->root->firstChild;
-  EXPECT_EQ(text.nodeValueLength, value.size());
   EXPECT_TRUE(text.nodeValue == value);
   EXPECT_EQ(text.nextSibling, nullptr);
   freeXMLDoc(document);
@@ -125,9 +124,7 @@ TEST(LongValue, in_cdata_or_an_attribute_comes_out_as_it_went_in) {
       parseText(nullptr, ("<a b='" + value + "'><![CDATA[" + value + "]]></a>").c_str());
   ASSERT_NE(document, nullptr);
   EXPECT_TRUE(document->root->attributes->nodeValue == value);
-  EXPECT_EQ(document->root->attributes->nodeValueLength, value.size());
   EXPECT_TRUE(document->root->firstChild->nodeValue == value);
-  EXPECT_EQ(document->root->firstChild->nodeValueLength, value.size());
   freeXMLDoc(document);
 }
 
@@ -144,7 +141,6 @@ TEST(LongName, of_a_million_bytes_is_kept_whole) {
   XmlDocument* document = parseText(nullptr, ("<" + name + " " + name + "='1'/>").c_str());
   ASSERT_NE(document, nullptr);
   EXPECT_TRUE(document->root->nodeName == name);
-  EXPECT_EQ(document->root->nodeNameLength, name.size());
   EXPECT_TRUE(document->root->attributes->nodeName == name);
   freeXMLDoc(document);
 }

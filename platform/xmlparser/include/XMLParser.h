@@ -67,6 +67,15 @@ struct XmlNode {
   int nodeType;
 
   /**
+   * Number of the name among the distinct element and attribute names of the document,
+   * from 1 on; elements and attributes share the numbers. Two nodes of one document with
+   * the same number have the same name, two with different numbers have different names.
+   * 0: the name has no number, and only its text says what it is. An adapter may leave it 0
+   * everywhere; a caller must expect 0 at any node and numbers of any size.
+   */
+  uint32_t nodeNameId;
+
+  /**
    * The tag of an element or the name of an attribute, as written, with its prefix if it
    * has one; "#document" for the document node, "#text" and "#cdata-section" for the
    * others. Never null for an element, an attribute or the document node.
@@ -90,26 +99,6 @@ struct XmlNode {
 
   /** The node after this one under the same parent, or the next attribute; or null. */
   struct XmlNode* nextSibling;
-
-  /**
-   * Number of the name among the distinct element and attribute names of the document,
-   * from 1 on; elements and attributes share the numbers. Two nodes of one document with
-   * the same number have the same name, two with different numbers have different names.
-   * 0: the name has no number, and only its text says what it is. An adapter may leave it 0
-   * everywhere; a caller must expect 0 at any node and numbers of any size.
-   */
-  uint32_t nodeNameId;
-
-  /**
-   * strlen(nodeName) in bytes. 0: not known (no name is empty). An adapter may leave it 0.
-   */
-  uint32_t nodeNameLength;
-
-  /**
-   * strlen(nodeValue) in bytes. 0 where nodeValue is null; 0 where nodeValue is not ""
-   * means not known, so a caller that finds 0 looks at the text. An adapter may leave it 0.
-   */
-  size_t nodeValueLength;
 };
 
 /** A parsed document. */
