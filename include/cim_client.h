@@ -36,6 +36,7 @@
 
 #include <stdint.h>
 
+/** @cond what the declarations are made with */
 #ifdef __cplusplus
 #define CIM_FIELD_CLASS class_
 #define CIM_FIELD_NAMESPACE namespace_
@@ -52,6 +53,7 @@ extern "C" {
 #define CIM_API
 #define CIM_PRINTF(text, first)
 #endif
+/** @endcond */
 
 typedef struct CIM CIM;
 typedef struct CIMDateTime CIMDateTime;

@@ -39,6 +39,7 @@
 
 #include "cim_client.h"
 
+/** @cond how reals become texts */
 #if !defined(__cpp_lib_to_chars) || defined(CIM_CLIENT_WITHOUT_REAL_CHARCONV)
 #include <clocale>
 #include <cstdio>
@@ -46,6 +47,7 @@
 #else
 #define CIM_CLIENT_REALS_BY_PRINTF 0
 #endif
+/** @endcond */
 
 /** The C++ face of the client library. */
 namespace cim_client {
