@@ -350,6 +350,23 @@ std::vector<Block> blocks_of(const NamedInstance* list) {
   return blocks;
 }
 
+Replay::Replay(const std::vector<Block>& blocks) : made_(blocks.size()) {
+  for (const Block& block : blocks) {
+    sizes_.push_back(block.size);
+    source_.append(static_cast<const char*>(block.address), block.size);
+  }
+}
+
+void Replay::run() {
+  const char* from = source_.data();
+  for (std::size_t i = 0; i < sizes_.size(); ++i) {
+    made_[i] = std::malloc(sizes_[i]);
+    std::memcpy(made_[i], from, sizes_[i]);
+    from += sizes_[i];
+  }
+  for (void* block : made_) std::free(block);
+}
+
 void free_by_hand(NamedInstance* list) {
   while (list) {
     NamedInstance* next = list->next;

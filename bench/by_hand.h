@@ -18,6 +18,19 @@ struct Block {
 // Every block of the list, each record before what it holds.
 std::vector<Block> blocks_of(const NamedInstance* list);
 
+// The allocations, copies and frees of such blocks, and nothing else.
+class Replay {
+ public:
+  Replay() = default;
+  explicit Replay(const std::vector<Block>& blocks);
+  void run();
+
+ private:
+  std::vector<std::size_t> sizes_;
+  std::string source_;
+  std::vector<void*> made_;
+};
+
 void free_by_hand(NamedInstance* list);
 NamedInstance* copy_by_hand(const NamedInstance* list);
 

@@ -63,16 +63,16 @@ long memory(const char* name) {
   return kilobytes * 1024;
 }
 
-std::unique_ptr<Work> work_named(std::string_view name, const std::string& text) {
+std::unique_ptr<Work> work_named(std::string_view name, const std::string& text, int size) {
   for (auto* factory : {reading_work, record_work, writing_work, exchange_work})
     if (auto work = factory(name, text)) return work;
-  return nullptr;
+  return local_work(name, size);
 }
 
 int run(const char* name, const char* document_name, int size, bool is_warm) {
   const std::string text = document(document_name, size);
-  const auto work = work_named(name, text);
-  if (text.empty() || !work) {
+  const auto work = work_named(name, text, size);
+  if (!work) {
     std::fprintf(stderr, "no such work or document: %s %s\n", name, document_name);
     return 2;
   }

@@ -124,27 +124,13 @@ class Floor : public Reading {
  public:
   explicit Floor(std::string text) : Reading(std::move(text)) {
     CIM* tree = parseXML(this->text());
-    for (const Block& block : blocks_of(instances_of(tree))) {
-      sizes_.push_back(block.size);
-      source_.append(static_cast<const char*>(block.address), block.size);
-    }
+    replay_ = Replay(blocks_of(instances_of(tree)));
     Free_CIM(tree);
-    blocks_.resize(sizes_.size());
   }
-  void run() override {
-    const char* from = source_.data();
-    for (std::size_t i = 0; i < sizes_.size(); ++i) {
-      blocks_[i] = std::malloc(sizes_[i]);
-      std::memcpy(blocks_[i], from, sizes_[i]);
-      from += sizes_[i];
-    }
-    for (void* block : blocks_) std::free(block);
-  }
+  void run() override { replay_.run(); }
 
  private:
-  std::vector<std::size_t> sizes_;
-  std::string source_;
-  std::vector<void*> blocks_;
+  Replay replay_;
 };
 
 }  // namespace

@@ -37,4 +37,7 @@ std::unique_ptr<Work> record_work(std::string_view name, std::string document);
 std::unique_ptr<Work> writing_work(std::string_view name, std::string document);
 std::unique_ptr<Work> exchange_work(std::string_view name, std::string document);
 
+// Work without a document, on that many instances.
+std::unique_ptr<Work> local_work(std::string_view name, int instances);
+
 }  // namespace bench
