@@ -13,7 +13,7 @@ if(CIM_CLIENT_LINT)
 
   set(folders include src platform tools tests bench fuzz)
   set(patterns ${folders})
-  list(TRANSFORM patterns REPLACE "(.+)" "\\1/*.c;\\1/*.cpp;\\1/*.h")
+  list(TRANSFORM patterns REPLACE "(.+)" "\\1/*.c;\\1/*.cpp;\\1/*.h;\\1/*.hpp")
   file(GLOB_RECURSE own_files CONFIGURE_DEPENDS ${patterns})
   add_test(NAME clang_format COMMAND ${CIM_CLIENT_clang-format} --dry-run -Werror ${own_files})
 
