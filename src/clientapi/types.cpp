@@ -1,7 +1,7 @@
 // Looking types up, and making values within their limits.
 #include "clientapi/types.h"
 
-#include <cstdio>
+#include <charconv>
 #include <cstdlib>
 #include <cstring>
 
@@ -49,27 +49,21 @@ CIMCValue integer_value(const TypeInfo& type, std::int32_t number) {
 }
 
 void write_integer(const TypeInfo& type, const CIMCValue& value, char (&text)[number_room]) {
-  const auto print = [&](const char* format, auto number) {
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    std::snprintf(text, number_room, format, number);
-#pragma GCC diagnostic pop
+  const auto print = [&](auto with_sign, auto without_sign) {
+    char* last = text + number_room - 1;
+    *(type.kind == Kind::Signed ? std::to_chars(text, last, with_sign)
+                                : std::to_chars(text, last, without_sign))
+         .ptr = '\0';
   };
-  const bool is_signed = type.kind == Kind::Signed;
   switch (type.bits) {
     case 8:
-      print("%d", is_signed ? int{value.sint8} : int{value.uint8});
-      break;
+      return print(int{value.sint8}, int{value.uint8});
     case 16:
-      print("%d", is_signed ? int{value.sint16} : int{value.uint16});
-      break;
+      return print(int{value.sint16}, int{value.uint16});
     case 32:
-      is_signed ? print("%d", value.sint32) : print("%u", value.uint32);
-      break;
+      return print(value.sint32, value.uint32);
     default:
-      is_signed ? print("%lld", static_cast<long long>(value.sint64))
-                : print("%llu", static_cast<unsigned long long>(value.uint64));
-      break;
+      return print(value.sint64, value.uint64);
   }
 }
 
