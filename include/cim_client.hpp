@@ -22,6 +22,7 @@
 #define CIM_CLIENT_HPP
 
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -756,7 +757,7 @@ std::string to_text(const T &value) {
     char buffer[24];
     return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
   } else if constexpr (std::is_same_v<T, float> || std::is_same_v<T, double>) {
-    if (value != value) return "NAN";
+    if (std::isnan(value)) return "NAN";
     if (value > std::numeric_limits<T>::max()) return "INF";
     if (value < std::numeric_limits<T>::lowest()) return "-INF";
     std::string text = detail::real_text(value);
@@ -783,7 +784,8 @@ constexpr const char *cim_type() noexcept {
     return "real64";
   else if constexpr (std::is_same_v<T, char16_t>)
     return "char16";
-  else if constexpr (std::is_same_v<T, DateTime>)
+  else if constexpr (std::is_same_v<T, DateTime> || std::is_same_v<T, CIMDateTime> ||
+                     std::is_same_v<T, CIMInterval>)
     return "datetime";
   else if constexpr (detail::is_integer<T>) {
     constexpr bool is_signed = std::is_signed_v<T>;

@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace cim_client;
+using namespace cim_client;  // NOLINT(google-build-using-namespace): as programs do
 
 Owner<Property> two_properties() {
   Owner<Property> list;

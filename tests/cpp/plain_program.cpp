@@ -13,7 +13,7 @@ template class cim_client::Result<Class>;
 template class cim_client::Result<InstanceName>;
 
 int main() {
-  using namespace cim_client;
+  using namespace cim_client;  // NOLINT(google-build-using-namespace): as programs do
   // Nobody listens on port 1: every operation comes back with nothing.
   const SharedClient client("127.0.0.1", 1, "root/cimv2", "user", "password");
   EXPECT(client);

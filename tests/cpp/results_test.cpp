@@ -12,7 +12,7 @@
 
 namespace {
 
-using namespace cim_client;
+using namespace cim_client;  // NOLINT(google-build-using-namespace): as programs do
 using operations_test::http_answer;
 using operations_test::http_refusal;
 using operations_test::method_answer;

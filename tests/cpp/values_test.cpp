@@ -12,7 +12,7 @@
 
 namespace {
 
-using namespace cim_client;
+using namespace cim_client;  // NOLINT(google-build-using-namespace): as programs do
 
 template <class T>
 void expect_limits(const char* least, const char* most, const char* below, const char* above) {
@@ -120,6 +120,14 @@ TEST(DateTimes, are_written_from_their_records) {
   EXPECT_EQ(to_text(noon), "20240131120005.000000-090");
   const CIMInterval day{1, 2, 3, 4};
   EXPECT_EQ(to_text(day), "00000001020304.000000:000");
+
+  Owner<Property> list;
+  ASSERT_TRUE(add_property(list, "Since", noon));
+  ASSERT_TRUE(add_property(list, "Every", day));
+  EXPECT_STREQ(list->type, "datetime");
+  EXPECT_EQ(get<std::string>(list.get()), "20240131120005.000000-090");
+  EXPECT_STREQ(list->next->type, "datetime");
+  EXPECT_EQ(get<DateTime>(list->next)->text, "00000001020304.000000:000");
 }
 
 TEST(Types, have_the_names_of_cim) {
