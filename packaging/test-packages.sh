@@ -48,7 +48,7 @@ inside() {
 }
 
 install_into_root() {
-  mkdir "$root/packages"
+  mkdir -p "$root/packages"
   cp "$packages"/*.deb "$root/packages"
   inside 'export DEBIAN_FRONTEND=noninteractive
           apt-get -qq update
@@ -58,7 +58,8 @@ install_into_root() {
 }
 
 run_in_root() {
-  inside 'cim-sandbox --port 0 >/tmp/said &
+  inside ': >/tmp/said
+          cim-sandbox --port 0 >/tmp/said &
           for _ in {1..100}; do
             port=$(sed -n "s/^listening on .*:\([0-9]*\)$/\1/p" /tmp/said)
             [[ -z $port ]] || break
@@ -75,7 +76,8 @@ run_in_root() {
 run_local_in_root() {
   touch "$root/etc/Binary.txt"
   inside 'export LD_LIBRARY_PATH=$(dirname "$(find /usr/lib -name libcimcClientSfcbLocal.so)")
-          cim-client enumerate-instances CIM_Fan' >"$build/local.log" 2>&1 ||
+          cim-client --url http://127.0.0.1/root/cimv2 enumerate-instances CIM_Fan' \
+    >"$build/local.log" 2>&1 ||
     fail "the local broker: $(cat "$build/local.log")"
   grep -q "Front fan left" "$build/local.log" || fail "local: $(cat "$build/local.log")"
   rm "$root/etc/Binary.txt"
