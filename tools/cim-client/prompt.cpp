@@ -37,8 +37,8 @@ class HiddenInput {
     if (tcgetattr(terminal, &state_before) != 0)
       throw usage_failure("the terminal cannot be asked for a password");
     prompt_terminal = terminal;
-    for (std::size_t index = 0; index < signals_.size(); ++index)
-      install(signals_[index], previous_[index]);
+    for (std::size_t index = 0; index < signal_numbers.size(); ++index)
+      install(signal_numbers[index], previous_[index]);
     termios hidden = state_before;
     hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
     hidden.c_lflag |= ECHONL;
@@ -47,8 +47,8 @@ class HiddenInput {
 
   ~HiddenInput() {
     tcsetattr(prompt_terminal, TCSANOW, &state_before);
-    for (std::size_t index = 0; index < signals_.size(); ++index)
-      sigaction(signals_[index], &previous_[index], nullptr);
+    for (std::size_t index = 0; index < signal_numbers.size(); ++index)
+      sigaction(signal_numbers[index], &previous_[index], nullptr);
     prompt_terminal = -1;
   }
 
@@ -63,7 +63,7 @@ class HiddenInput {
     sigaction(signal_number, &action, &previous);
   }
 
-  static constexpr std::array signals_ = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+  static constexpr std::array signal_numbers = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
   std::array<struct sigaction, 4> previous_ = {};
 };
 

@@ -13,6 +13,7 @@ namespace sandbox_local {
 extern "C" {
 #endif
 
+// NOLINTBEGIN: C, with the names that have been published.
 typedef unsigned short CIMCType;
 typedef unsigned short CIMCValueState;
 typedef unsigned int CIMCCount;
@@ -313,6 +314,8 @@ struct _CIMCEnv {
   CIMCEnvFT* ft;
   unsigned int options;
 };
+
+// NOLINTEND
 
 #ifdef __cplusplus
 }

@@ -125,17 +125,17 @@ std::partial_ordering order(const Scalar& value, Type type, const Literal& liter
 bool satisfies(std::partial_ordering order, Operator comparison) {
   switch (comparison) {
     case Operator::Equal:
-      return order == 0;
+      return std::is_eq(order);
     case Operator::NotEqual:
-      return order != 0;
+      return std::is_neq(order);
     case Operator::Less:
-      return order < 0;
+      return std::is_lt(order);
     case Operator::LessOrEqual:
-      return order <= 0;
+      return std::is_lteq(order);
     case Operator::Greater:
-      return order > 0;
+      return std::is_gt(order);
     case Operator::GreaterOrEqual:
-      return order >= 0;
+      return std::is_gteq(order);
   }
   return false;
 }
