@@ -13,7 +13,7 @@ shift
 build() {
   local folder=$work/$1
   mkdir -p "$folder/source"
-  cp -r "$source"/{CMakeLists.txt,cmake,include,platform,src} "$folder/source"
+  cp -r "$source"/{CMakeLists.txt,cmake,docs,include,platform,src} "$folder/source"
   cmake -S "$folder/source" -B "$folder/build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DCIM_CLIENT_TOOLS=OFF -DCIM_CLIENT_TESTS=OFF -DCIM_CLIENT_INSTALL=OFF \
     -DCIM_CLIENT_STATIC=ON "${@:2}" >"$folder/log"
