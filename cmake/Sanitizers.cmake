@@ -1,9 +1,13 @@
-# Address and undefined-behaviour sanitizers, with leak detection, for everything that is
-# built here.
+# Sanitizers for everything that is built here.
 
-option(CIM_CLIENT_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+set(CIM_CLIENT_SANITIZE OFF CACHE STRING
+  "ON: the address and undefined-behaviour sanitizers, with leak detection; thread: that of threads")
+set_property(CACHE CIM_CLIENT_SANITIZE PROPERTY STRINGS OFF ON thread)
 
-if(CIM_CLIENT_SANITIZE)
+if(CIM_CLIENT_SANITIZE STREQUAL "thread")
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+elseif(CIM_CLIENT_SANITIZE)
   # The library has no run-time type information, which the check of virtual tables needs.
   set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr)
   add_compile_options(${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -51,7 +51,7 @@ int Free_client_Configuration(struct client_Configuration* handle) {
   if (!handle) return -1;
   std::free(handle->host);
   std::free(handle->namespace_);
-  std::free(handle->user);
+  release_secret(handle->user);
   release_secret(handle->password);
   std::free(handle);
   return 0;

@@ -139,6 +139,13 @@ TEST(Free_client_Configuration, clears_the_password_before_its_memory_is_release
   EXPECT_GE(secrets.released(), 5u);
 }
 
+TEST(Free_client_Configuration, clears_the_user_before_its_memory_is_released) {
+  const support::ReleasedSecrets secrets("zephyrine");
+  EXPECT_EQ(Free_client_Configuration(client_Configuration("h", 1, "n", 1, "zephyrine", "p")), 0);
+  EXPECT_EQ(secrets.with_secret(), 0u);
+  EXPECT_GE(secrets.released(), 5u);
+}
+
 TEST(Free_client_Configuration, releases_a_handle_that_has_lost_its_texts) {
   Handle handle(client_Configuration(nullptr, 0, nullptr, 0, "u", "p"));
   std::free(handle->user);

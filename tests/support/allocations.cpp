@@ -23,7 +23,6 @@ namespace support {
 namespace {
 
 thread_local bool counting = false;
-thread_local bool counted_before = false;  // when UncountedAllocations stopped it
 thread_local bool failed = false;
 thread_local std::size_t successes_left = 0;
 thread_local std::size_t failed_size = 0;
@@ -104,9 +103,9 @@ std::size_t FailingAllocation::size() const { return failed_size; }
 
 long living_blocks() { return living; }
 
-UncountedAllocations::UncountedAllocations() { counted_before = std::exchange(counting, false); }
+UncountedAllocations::UncountedAllocations() : counted_before_(std::exchange(counting, false)) {}
 
-UncountedAllocations::~UncountedAllocations() { counting = counted_before; }
+UncountedAllocations::~UncountedAllocations() { counting = counted_before_; }
 
 ReleasedSecrets::ReleasedSecrets(std::string text) : secret_(std::move(text)) {
   blocks_released = 0;

@@ -45,13 +45,16 @@ std::size_t fail_each_allocation(Attempt attempt, Check check) {
 // Blocks that this thread has allocated and not released.
 long living_blocks();
 
-// While it exists, the thread's allocations neither count nor fail.
+// While it exists, the thread's allocations neither count nor fail.  One may exist in another.
 class UncountedAllocations {
  public:
   UncountedAllocations();
   UncountedAllocations(const UncountedAllocations&) = delete;
   UncountedAllocations& operator=(const UncountedAllocations&) = delete;
   ~UncountedAllocations();
+
+ private:
+  bool counted_before_;
 };
 
 // While it exists, what the thread releases is searched for a secret.
