@@ -379,17 +379,17 @@ const char* Scanner::start_tag(const char* p) {
   if (!p) return nullptr;
   if (!tree_.open_element(element)) return fail_for_memory();
 
-  // Nothing has to be built of a deep document that cannot end well.
-  constexpr std::size_t deep = 64 * 1024;
-  owed_ += element.length + std::string_view("</>").size();
-  if (owed_ > deep && owed_ > static_cast<std::size_t>(end_ - p)) return fail(end_, no_element);
-
   if (is_white(*p)) p = attributes(p);
   if (!p) return nullptr;
-  if (*p == '>') return p + 1;
+  if (*p == '>') {
+    // Nothing has to be built of a deep document that cannot end well.
+    constexpr std::size_t deep = 64 * 1024;
+    owed_ += element.length + std::string_view("</>").size();
+    if (owed_ > deep && owed_ > static_cast<std::size_t>(end_ - p)) return fail(end_, no_element);
+    return p + 1;
+  }
   if (*p != '/' || p[1] != '>')
     return *p == '\0' && p == end_ ? fail(token_, unclosed_token) : fail(p, invalid_token);
-  owed_ -= element.length + std::string_view("</>").size();
   return tree_.close_element() ? p + 2 : fail_for_memory();
 }
 
