@@ -45,8 +45,7 @@ class Walk {
 
     // The last child of a parent takes its name off the stack, so that a later element of that
     // name does not get this parent's children.
-    if (!element.nextSibling && !is_cim(element.nodeName))
-      cim::take_name(parent_name_);
+    if (!element.nextSibling && !is_cim(element.nodeName)) cim::take_name(parent_name_);
     return true;
   }
 

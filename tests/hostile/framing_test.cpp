@@ -40,7 +40,7 @@ TEST(HostileLength, that_is_too_small_cuts_the_document) {
 
 TEST(HostileLength, that_is_too_large_ends_with_the_connection) {
   const Bounds bounds(20, 8);
-  for (const std::size_t more : {1, 2, 1000, 10000000})
+  for (const std::size_t more : {1U, 2U, 1000U, 10000000U})
     EXPECT_EQ(ask(head(std::to_string(long_document().size() + more)) + long_document()), whole)
         << more;
 }
@@ -80,7 +80,7 @@ TEST(HostilePieces, of_single_bytes_behind_the_beginning_make_a_whole_answer) {
 TEST(HostilePieces, that_begin_with_part_of_the_head_give_nothing) {
   const Bounds bounds(60, 8);
   const std::string http = answer(long_document());
-  for (const std::size_t first : {1, 9, 20, 60})
+  for (const std::size_t first : {1U, 9U, 20U, 60U})
     EXPECT_EQ(ask(Script()
                       .read_request()
                       .send(http.substr(0, first))
