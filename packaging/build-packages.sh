@@ -29,7 +29,7 @@ flags=(
   -DCMAKE_EXE_LINKER_FLAGS="$(dpkg-buildflags --get LDFLAGS)")
 
 cmake -S "$source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
-  -DCMAKE_INSTALL_SYSCONFDIR=/etc -DCIM_CLIENT_TESTS=OFF -DCIM_CLIENT_STATIC=ON "${flags[@]}"
+  -DCMAKE_BUILD_RPATH_USE_ORIGIN=ON -DCMAKE_INSTALL_SYSCONFDIR=/etc -DCIM_CLIENT_TESTS=OFF -DCIM_CLIENT_STATIC=ON "${flags[@]}"
 cmake --build "$build"
 (cd "$build" && cpack -G DEB -B "$build/packed")
 mkdir -p "$output"

@@ -15,6 +15,7 @@ build() {
   mkdir -p "$folder/source"
   cp -r "$source"/{CMakeLists.txt,cmake,docs,include,platform,src} "$folder/source"
   cmake -S "$folder/source" -B "$folder/build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+    -DCMAKE_BUILD_RPATH_USE_ORIGIN=ON \
     -DCIM_CLIENT_TOOLS=OFF -DCIM_CLIENT_TESTS=OFF -DCIM_CLIENT_INSTALL=OFF \
     -DCIM_CLIENT_STATIC=ON "${@:2}" >"$folder/log"
   cmake --build "$folder/build" >>"$folder/log" || { tail -n 20 "$folder/log" >&2; return 1; }
