@@ -28,6 +28,8 @@ void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* block, size_t size);
 void __libc_free(void* block);
 
+#define EXPORTED __attribute__((visibility("default")))
+
 static size_t live;
 static size_t peak;
 
@@ -37,15 +39,15 @@ static void* taken(void* block) {
   return block;
 }
 
-void* malloc(size_t size) { return taken(__libc_malloc(size)); }
-void* calloc(size_t count, size_t size) { return taken(__libc_calloc(count, size)); }
-void* realloc(void* block, size_t size) {
+EXPORTED void* malloc(size_t size) { return taken(__libc_malloc(size)); }
+EXPORTED void* calloc(size_t count, size_t size) { return taken(__libc_calloc(count, size)); }
+EXPORTED void* realloc(void* block, size_t size) {
   const size_t before = malloc_usable_size(block);
   void* moved = __libc_realloc(block, size);
   if (moved) live -= before;
   return moved ? taken(moved) : NULL;
 }
-void free(void* block) {
+EXPORTED void free(void* block) {
   live -= malloc_usable_size(block);
   __libc_free(block);
 }
