@@ -1,46 +1,17 @@
-// The grammar of XML 1.0, without the inside of document type declarations.
+// Elements and their data.
 #include "scanner.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <string_view>
 
 #include "blocks.h"
-#include "characters.h"
+#include "scanning.h"
 
 namespace xmlparser {
 namespace {
 
-constexpr const char* invalid_token = "not well-formed (invalid token)";
-constexpr const char* unclosed_token = "unclosed token";
-constexpr const char* no_element = "no element found";
 constexpr const char* duplicate_attribute = "duplicate attribute";
-constexpr const char* bad_declaration = "XML declaration not well-formed";
 constexpr const char* undeclared_entity = "reference to an entity that is not declared";
-constexpr const char* out_of_memory = "out of memory";
-
-// The text ends with a NUL, so this looks no further than its end.
-bool begins_with(const char* p, std::string_view expected) {
-  for (const char c : expected)
-    if (*p++ != c) return false;
-  return true;
-}
-
-const char* skip_white(const char* p) {
-  while (is_white(*p)) ++p;
-  return p;
-}
-
-char lower_case(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool equal_in_any_case(std::string_view text, std::string_view lower) {
-  const auto equal = [](char a, char b) { return lower_case(a) == b; };
-  return std::equal(text.begin(), text.end(), lower.begin(), lower.end(), equal);
-}
-
-bool is_letter_or_digit(char c) {
-  return (c >= '0' && c <= '9') || (lower_case(c) >= 'a' && lower_case(c) <= 'z');
-}
 
 // Of an attribute flood that the table of names does not hold, by pointer.
 bool name_is_less(const XmlNode* a, const XmlNode* b) {
@@ -51,84 +22,7 @@ bool name_is_equal(const XmlNode* a, const XmlNode* b) {
   return std::strcmp(a->nodeName, b->nodeName) == 0;
 }
 
-// Each function reads what its name says.  It takes where that begins, past the characters that
-// told it, and returns where it ends; null when the document is not to be read any further.
-class Scanner {
- public:
-  Scanner(const char* text, std::size_t length, TreeBuilder& tree)
-      : begin_(text), end_(text + length), tree_(tree) {}
-
-  const char* document();
-
-  // Why document() returned null.
-  bool not_mine() const { return not_mine_; }
-  void describe_failure(ErrorText& error) const;
-
- private:
-  enum class Data { Content, Section, Value };
-
-  const char* fail(const char* where, const char* why) {
-    failed_at_ = where;
-    why_ = why;
-    return nullptr;
-  }
-  const char* fail_for_memory() { return fail(end_, out_of_memory); }
-  const char* leave(const char* where, const char* why) {
-    not_mine_ = true;
-    return fail(where, why);
-  }
-
-  const char* xml_declaration(const char* p);
-  const char* pseudo_attribute(const char* p, std::string_view name, std::string_view& value);
-  const char* encoding(const char* p, std::string_view name);
-  const char* miscellaneous(const char* p);
-  const char* document_type(const char* p);
-  const char* external_identifier(const char* p);
-  const char* public_literal(const char* p);
-  const char* literal(const char* p);
-  const char* comment(const char* p);
-  const char* instruction(const char* p);
-
-  const char* root(const char* p);
-  const char* markup(const char* p);
-  const char* start_tag(const char* p);
-  const char* attributes(const char* p);
-  const char* attribute(const char* p);
-  const char* end_tag(const char* p);
-  const char* wrong_end_tag(const char* p);
-  const char* cdata_section(const char* p);
-  const char* content(const char* p);
-  bool is_layout(const char* p, const char* end) const;
-
-  template <Data kind>
-  const char* data(const char* p, char last);
-  const char* run(const char* p, char last);
-  const char* reference(const char* p);
-  const char* character_reference(const char* p);
-  const char* add(const char* bytes, std::size_t length, const char* next);
-
-  const char* name(const char* p, NumberedName& name);
-  const char* new_name(const char* p, NumberedName& name);
-  const char* character(const char* p, const char* why_at_end);
-  const char* find(char wanted, const char* p);
-
-  bool is_new_in_tag(const NumberedName& name);
-  const char* check_unnumbered_attributes(const char* p);
-
-  const char* const begin_;
-  const char* const end_;
-  TreeBuilder& tree_;
-
-  const char* token_ = nullptr;               // the markup that is being read
-  std::size_t owed_ = 0;                      // bytes of the end tags that have to come
-  std::size_t tags_ = 0;                      // with attributes, so far
-  std::size_t unnumbered_ = 0;                // attributes of this tag whose names have no number
-  std::size_t tag_of_[Names::most + 1] = {};  // by number, the last tag with such an attribute
-
-  const char* failed_at_ = nullptr;
-  const char* why_ = nullptr;
-  bool not_mine_ = false;
-};
+}  // namespace
 
 void Scanner::describe_failure(ErrorText& error) const {
   if (why_ == out_of_memory) {
@@ -195,151 +89,6 @@ const char* Scanner::new_name(const char* p, NumberedName& name) {
 
 const char* Scanner::add(const char* bytes, std::size_t length, const char* next) {
   return tree_.add_characters(bytes, length) ? next : fail_for_memory();
-}
-
-// ---- Prolog ----
-
-const char* Scanner::document() {
-  const char* p = begin_;
-  if (begins_with(p, "\xEF\xBB\xBF")) p += 3;
-  token_ = p;
-  if (begins_with(p, "<?xml") && is_white(p[5])) p = xml_declaration(p + 5);
-  if (p) p = miscellaneous(p);
-  if (p && begins_with(p, "<!DOCTYPE")) {
-    p = document_type(p + 9);
-    if (p) p = miscellaneous(p);
-  }
-  if (p) p = root(p);
-  if (p) p = miscellaneous(p);
-  if (p && p != end_) return fail(p, "junk after document element");
-  return p;
-}
-
-const char* Scanner::miscellaneous(const char* p) {
-  while (p) {
-    token_ = p = skip_white(p);
-    if (begins_with(p, "<!--"))
-      p = comment(p + 4);
-    else if (begins_with(p, "<?"))
-      p = instruction(p + 2);
-    else
-      return p;
-  }
-  return nullptr;
-}
-
-const char* Scanner::xml_declaration(const char* p) {
-  std::string_view value;
-  p = pseudo_attribute(p, "version", value);
-  if (!p) return nullptr;
-  if (value.data() == nullptr) return fail(p, bad_declaration);
-
-  p = pseudo_attribute(p, "encoding", value);
-  if (p && value.data()) p = encoding(p, value);
-  if (!p) return nullptr;
-
-  p = pseudo_attribute(p, "standalone", value);
-  if (!p) return nullptr;
-  if (value.data() && value != "yes" && value != "no") return fail(p, bad_declaration);
-
-  p = skip_white(p);
-  return begins_with(p, "?>") ? p + 2 : fail(p, bad_declaration);
-}
-
-// Leaves `value` null and all to its reader when another name comes, or none.
-const char* Scanner::pseudo_attribute(const char* p, std::string_view name,
-                                      std::string_view& value) {
-  value = {};
-  const char* next = skip_white(p);
-  if (next == p || !begins_with(next, name)) return p;
-  p = skip_white(next + name.size());
-  if (*p != '=') return fail(p, bad_declaration);
-  p = skip_white(p + 1);
-  const char quote = *p;
-  if (quote != '"' && quote != '\'') return fail(p, bad_declaration);
-  const char* begin = ++p;
-  while (is_letter_or_digit(*p) || *p == '.' || *p == '-' || *p == '_') ++p;
-  if (*p != quote) return fail(p, bad_declaration);
-  value = {begin, static_cast<std::size_t>(p - begin)};
-  return p + 1;
-}
-
-const char* Scanner::encoding(const char* p, std::string_view name) {
-  if (equal_in_any_case(name, "utf-8")) return p;
-  if (!equal_in_any_case(name, "us-ascii"))
-    return leave(name.data(), "encodings other than UTF-8 and US-ASCII are not read");
-  const char* beyond = std::find_if(p, end_, is_beyond_ascii);
-  return beyond == end_ ? p : fail(beyond, invalid_token);
-}
-
-const char* Scanner::document_type(const char* p) {
-  if (!is_white(*p)) return fail(p, invalid_token);
-  p = skip_white(p);
-  const char* end = end_of_name(p);
-  if (end == p) return fail(p, invalid_token);
-  p = skip_white(end);
-  if (p != end && *p != '>' && *p != '[') p = external_identifier(p);
-  if (!p) return nullptr;
-  if (*p == '[') return leave(p, "declarations in the document type are not accepted");
-  return *p == '>' ? p + 1 : fail(p, invalid_token);
-}
-
-const char* Scanner::external_identifier(const char* p) {
-  const bool is_public = begins_with(p, "PUBLIC");
-  if (!is_public && !begins_with(p, "SYSTEM")) return fail(p, "syntax error");
-  p += 6;
-  if (!is_white(*p)) return fail(p, invalid_token);
-  p = skip_white(p);
-  if (is_public) {
-    p = public_literal(p);
-    if (!p) return nullptr;
-    if (!is_white(*p)) return fail(p, invalid_token);
-    p = skip_white(p);
-  }
-  p = literal(p);
-  return p ? skip_white(p) : nullptr;
-}
-
-const char* Scanner::public_literal(const char* p) {
-  const char* end = literal(p);
-  if (!end) return nullptr;
-  for (++p; p < end - 1; ++p) {
-    const bool good = is_letter_or_digit(*p) || (is_white(*p) && *p != '\t') ||
-                      std::string_view("-'()+,./:=?;!*#@$_%").find(*p) != std::string_view::npos;
-    if (!good) return fail(p, "illegal character(s) in public id");
-  }
-  return end;
-}
-
-const char* Scanner::literal(const char* p) {
-  if (*p != '"' && *p != '\'') return fail(p, invalid_token);
-  token_ = p;
-  p = find(*p, p + 1);
-  return p ? p + 1 : nullptr;
-}
-
-// ---- What makes no node ----
-
-const char* Scanner::comment(const char* p) {
-  while ((p = find('-', p))) {
-    if (p[1] != '-')
-      ++p;
-    else
-      return p[2] == '>' ? p + 3 : fail(p + 2, invalid_token);
-  }
-  return nullptr;
-}
-
-const char* Scanner::instruction(const char* p) {
-  const char* end = end_of_name(p);
-  if (end == p) return fail(p, invalid_token);
-  const std::string_view target(p, static_cast<std::size_t>(end - p));
-  if (target == "xml") return fail(token_, "XML or text declaration not at start of entity");
-  if (equal_in_any_case(target, "xml")) return fail(p, invalid_token);
-  if (!is_white(*end) && !begins_with(end, "?>")) return fail(end, invalid_token);
-  for (p = end; (p = find('?', p)); ++p)
-    if (p[1] == '>') return p + 2;
-  return nullptr;
 }
 
 // ---- Elements ----
@@ -565,8 +314,6 @@ const char* Scanner::character_reference(const char* p) {
   char bytes[4];
   return add(bytes, write_character(code, bytes), p + 1);
 }
-
-}  // namespace
 
 Scanned scan(const char* text, std::size_t length, TreeBuilder& tree, ErrorText& error) {
   Scanner scanner(text, length, tree);
