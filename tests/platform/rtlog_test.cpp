@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,27 +13,14 @@
 #include <map>
 #include <optional>
 #include <regex>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "platform/text_files.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string contents(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-std::vector<std::string> lines_of(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
 
 struct Outcome {
   int status;  // of exit; -1: killed by a signal
@@ -425,50 +411,6 @@ TEST_F(Logging, to_a_file_from_several_threads_does_not_mix_lines) {
     ASSERT_NE(at, line.npos) << line;
     EXPECT_TRUE(is_line(line, line.substr(at))) << line;
   }
-}
-
-// ---- Rights
-
-constexpr uid_t nobody = 65534;
-
-// Runs `program` as nobody with standard error going to `errors`.
-int run_as_nobody(const fs::path& program, const fs::path& errors) {
-  const int file = open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-  setenv("CIM_CLIENT_LOG", "stderr", 1);
-  const pid_t process = fork();
-  if (process == 0) {
-    dup2(file, STDERR_FILENO);
-    if (setresgid(nobody, nobody, nobody) == 0 && setresuid(nobody, nobody, nobody) == 0)
-      execl(program.c_str(), program.c_str(), "init", "log=2=text", nullptr);
-    _exit(99);
-  }
-  close(file);
-  int status = 0;
-  waitpid(process, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-TEST_F(Logging, of_a_program_with_more_rights_than_its_caller_is_off) {
-  struct statvfs file_system = {};
-  statvfs(folder().c_str(), &file_system);
-  if (geteuid() != 0 || (file_system.f_flag & ST_NOSUID) != 0)
-    GTEST_SKIP() << "needs root and a place for programs that run as another user";
-  const char* preloaded = getenv("LD_PRELOAD");
-  if (preloaded && strstr(preloaded, "vgpreload"))
-    GTEST_SKIP() << "valgrind does not run such programs";
-  const fs::path program = folder() / "writer";
-  fs::copy_file(LOG_WRITER, program);
-  fs::permissions(folder(), fs::perms(0755));
-
-  fs::permissions(program, fs::perms(0755));
-  const int status = run_as_nobody(program, folder() / "stderr");
-  if (status == 127) GTEST_SKIP() << "nobody cannot reach the library: " << program;
-  EXPECT_EQ(status, 0);
-  EXPECT_EQ(lines_of(contents(folder() / "stderr")).size(), 1U);
-
-  fs::permissions(program, fs::perms(04755));
-  EXPECT_EQ(run_as_nobody(program, folder() / "stderr"), 0);
-  EXPECT_EQ(contents(folder() / "stderr"), "");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "exit_status.h"
 #include "records.h"
 #include "utf8.h"
+#include "value_syntax.h"
 
 namespace cli {
 namespace {
@@ -140,19 +141,6 @@ class PathReader {
     if (rest_.empty()) fail(std::string("the closing ") + quote);
     rest_.remove_prefix(1);
     return text;
-  }
-
-  static char unescaped(char letter) {
-    switch (letter) {
-      case 'n':
-        return '\n';
-      case 't':
-        return '\t';
-      case 'r':
-        return '\r';
-      default:
-        return letter;
-    }
   }
 
   bool take(std::string_view token) {

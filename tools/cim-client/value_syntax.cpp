@@ -14,19 +14,6 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-constexpr char unescaped(char letter) {
-  switch (letter) {
-    case 'n':
-      return '\n';
-    case 't':
-      return '\t';
-    case 'r':
-      return '\r';
-    default:
-      return letter;
-  }
-}
-
 // The text between the quotes that `text` consists of; none when it is not one quoted text.
 std::optional<std::string> unquoted(std::string_view text) {
   if (text.size() < 2 || text.front() != '"') return std::nullopt;
@@ -89,6 +76,19 @@ std::vector<std::string> parts_of(std::string_view text, std::string_view whole)
 }
 
 }  // namespace
+
+char unescaped(char letter) {
+  switch (letter) {
+    case 'n':
+      return '\n';
+    case 't':
+      return '\t';
+    case 'r':
+      return '\r';
+    default:
+      return letter;
+  }
+}
 
 Assignment parse_assignment(std::string_view text) {
   const std::size_t sign = text.find('=');

@@ -21,6 +21,9 @@ Assignment parse_assignment(std::string_view text);
 // anything else stands for itself.
 std::optional<std::string> scalar_of(std::string_view text);
 
+// What a letter behind a backslash stands for: n, t and r for white space, others for themselves.
+char unescaped(char letter);
+
 // The elements of `[a, "b, c", D{E=1}]` as they were typed; a text without brackets is the only
 // element. Throws a usage failure when brackets or quotes do not match.
 std::vector<std::string> elements_of(std::string_view text);
