@@ -65,10 +65,10 @@ const char* Scanner::find(char wanted, const char* p) {
 }
 
 // A name that is known has been looked at before.
-inline const char* Scanner::name(const char* p, NumberedName& name) {
+inline const char* Scanner::name(const char* p, NumberedText& name) {
   const char* end = end_of_ascii_name(p, end_);
   if (end != p && !is_beyond_ascii(*end)) {
-    const NumberedName* known = tree_.find_name(p, static_cast<std::size_t>(end - p));
+    const NumberedText* known = tree_.find_name(p, static_cast<std::size_t>(end - p));
     if (known) {
       name = *known;
       return end;
@@ -77,12 +77,12 @@ inline const char* Scanner::name(const char* p, NumberedName& name) {
   return new_name(p, name);
 }
 
-const char* Scanner::new_name(const char* p, NumberedName& name) {
+const char* Scanner::new_name(const char* p, NumberedText& name) {
   const char* end = end_of_name(p);
   if (end == p) return p == end_ ? fail(token_, unclosed_token) : fail(p, invalid_token);
   const auto length = static_cast<std::size_t>(end - p);
   if (length > UINT32_MAX) return fail(p, "name too long");
-  const NumberedName* known = tree_.find_name(p, length);
+  const NumberedText* known = tree_.find_name(p, length);
   name = known ? *known : tree_.add_name(p, length);
   return name.text ? end : fail_for_memory();
 }
@@ -122,7 +122,7 @@ const char* Scanner::markup(const char* p) {
 }
 
 const char* Scanner::start_tag(const char* p) {
-  NumberedName element{};
+  NumberedText element{};
   if (!tree_.end_text()) return fail_for_memory();
   p = name(p, element);
   if (!p) return nullptr;
@@ -154,7 +154,7 @@ const char* Scanner::attributes(const char* p) {
 }
 
 const char* Scanner::attribute(const char* p) {
-  NumberedName attribute{};
+  NumberedText attribute{};
   const char* begin = p;
   p = name(p, attribute);
   if (!p) return nullptr;
@@ -165,12 +165,17 @@ const char* Scanner::attribute(const char* p) {
   p = skip_white(p + 1);
   if (*p != '"' && *p != '\'')
     return p == end_ ? fail(token_, unclosed_token) : fail(p, invalid_token);
-  p = data<Data::Value>(p + 1, *p);
+  const char quote = *p++;
+  const char* end = end_of_run(p, end_, quote);
+  if (*end == quote)
+    return tree_.add_attribute(attribute, p, static_cast<std::size_t>(end - p)) ? end + 1
+                                                                                : fail_for_memory();
+  p = data<Data::Value>(p, quote);
   if (!p) return nullptr;
   return tree_.add_attribute(attribute) ? p + 1 : fail_for_memory();
 }
 
-bool Scanner::is_new_in_tag(const NumberedName& name) {
+bool Scanner::is_new_in_tag(const NumberedText& name) {
   if (name.number == 0) {
     ++unnumbered_;
     return true;

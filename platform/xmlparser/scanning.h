@@ -88,23 +88,25 @@ class Scanner {
   const char* character_reference(const char* p);
   const char* add(const char* bytes, std::size_t length, const char* next);
 
-  const char* name(const char* p, NumberedName& name);
-  const char* new_name(const char* p, NumberedName& name);
+  const char* name(const char* p, NumberedText& name);
+  const char* new_name(const char* p, NumberedText& name);
   const char* character(const char* p, const char* why_at_end);
   const char* find(char wanted, const char* p);
 
-  bool is_new_in_tag(const NumberedName& name);
+  bool is_new_in_tag(const NumberedText& name);
   const char* check_unnumbered_attributes(const char* p);
 
   const char* const begin_;
   const char* const end_;
   TreeBuilder& tree_;
 
-  const char* token_ = nullptr;               // the markup that is being read
-  std::size_t owed_ = 0;                      // bytes of the end tags that have to come
-  std::size_t tags_ = 0;                      // with attributes, so far
-  std::size_t unnumbered_ = 0;                // attributes of this tag whose names have no number
-  std::size_t tag_of_[Names::most + 1] = {};  // by number, the last tag with such an attribute
+  const char* token_ = nullptr;  // the markup that is being read
+  std::size_t owed_ = 0;         // bytes of the end tags that have to come
+  std::size_t tags_ = 0;         // with attributes, so far
+  std::size_t unnumbered_ = 0;   // attributes of this tag whose names have no number
+
+  // By an attribute's number, the last tag that has it.
+  std::size_t tag_of_[DistinctTexts::most + 1] = {};
 
   const char* failed_at_ = nullptr;
   const char* why_ = nullptr;

@@ -4,12 +4,12 @@
 namespace xmlparser {
 namespace {
 
-constexpr NumberedName unnumbered(const char* text, std::uint32_t length) {
+constexpr NumberedText unnumbered(const char* text, std::uint32_t length) {
   return {text, length, 0};
 }
-constexpr NumberedName document_name = unnumbered("#document", 9);
-constexpr NumberedName text_name = unnumbered("#text", 5);
-constexpr NumberedName cdata_name = unnumbered("#cdata-section", 14);
+constexpr NumberedText document_name = unnumbered("#document", 9);
+constexpr NumberedText text_name = unnumbered("#text", 5);
+constexpr NumberedText cdata_name = unnumbered("#cdata-section", 14);
 
 bool all_white(const char* bytes, std::size_t length) {
   for (std::size_t i = 0; i < length; ++i)
@@ -31,14 +31,14 @@ void TreeBuilder::start() {
   parent_ = &document_->node;
 }
 
-NumberedName TreeBuilder::add_name(const char* bytes, std::size_t length) {
-  const NumberedName name = names_.add(arena_, bytes, length);
+NumberedText TreeBuilder::add_name(const char* bytes, std::size_t length) {
+  const NumberedText name = names_.add(arena_, bytes, length);
   if (!name.text) fail();
   return name;
 }
 
 // Turns the open text into a node.
-bool TreeBuilder::add_text_node(int type, const NumberedName& name) {
+bool TreeBuilder::add_text_node(int type, const NumberedText& name) {
   const char* text = arena_.finish_text();
   XmlNode* node = text ? add_node(type, name) : nullptr;
   if (!node) return fail();

@@ -6,7 +6,7 @@
 
 #include "XMLParser.h"
 #include "arena.h"
-#include "names.h"
+#include "distinct_texts.h"
 
 namespace xmlparser {
 
@@ -26,11 +26,11 @@ class TreeBuilder {
   TreeBuilder() { start(); }
 
   // A name of 1 byte or more that a node is to have; null when it is new.
-  const NumberedName* find_name(const char* bytes, std::size_t length) const {
+  const NumberedText* find_name(const char* bytes, std::size_t length) const {
     return names_.find(bytes, length);
   }
   // Keeps a new one; its text is null when memory has run out.  No text may be open.
-  NumberedName add_name(const char* bytes, std::size_t length);
+  NumberedText add_name(const char* bytes, std::size_t length);
 
   // Of a node's name.
   std::size_t name_length(const XmlNode& node) const {
@@ -42,7 +42,7 @@ class TreeBuilder {
   bool end_text() { return arena_.text_length() == 0 || end_open_text(); }
 
   // After end_text().
-  bool open_element(const NumberedName& name) {
+  bool open_element(const NumberedText& name) {
     XmlNode* element = add_node(XML_ELEMENT, name);
     if (!element) return false;
     parent_ = element;
@@ -52,14 +52,11 @@ class TreeBuilder {
   }
 
   // Of the element opened last, before anything else is told; the open text is its value.
-  bool add_attribute(const NumberedName& name) {
-    const char* value = arena_.finish_text();
-    XmlNode* attribute = value ? new_node(XML_ATTRIBUTE, name) : nullptr;
-    if (!attribute) return fail();
-    attribute->nodeValue = value;
-    (last_attribute_ ? last_attribute_->nextSibling : parent_->attributes) = attribute;
-    last_attribute_ = attribute;
-    return true;
+  bool add_attribute(const NumberedText& name) { return add_attribute(name, arena_.finish_text()); }
+
+  // The same for a value whose bytes are there already.  No text may be open.
+  bool add_attribute(const NumberedText& name, const char* value, std::size_t length) {
+    return add_attribute(name, kept_value(value, length));
   }
 
   bool close_element() {
@@ -94,8 +91,27 @@ class TreeBuilder {
  private:
   void start();
 
+  // A value null means that memory has run out.
+  bool add_attribute(const NumberedText& name, const char* value) {
+    XmlNode* attribute = value ? new_node(XML_ATTRIBUTE, name) : nullptr;
+    if (!attribute) return fail();
+    attribute->nodeValue = value;
+    (last_attribute_ ? last_attribute_->nextSibling : parent_->attributes) = attribute;
+    last_attribute_ = attribute;
+    return true;
+  }
+
+  // Names and types are the values of most attributes: nodes share them.
+  const char* kept_value(const char* value, std::size_t length) {
+    constexpr std::size_t longest_shared = 64;  // bytes
+    if (length == 0) return "";
+    if (length > longest_shared) return arena_.copy(value, length);
+    const NumberedText* known = values_.find(value, length);
+    return known ? known->text : values_.add(arena_, value, length).text;
+  }
+
   // Without a place in the tree; null when memory has run out.
-  XmlNode* new_node(int type, const NumberedName& name) {
+  XmlNode* new_node(int type, const NumberedText& name) {
     auto* node = static_cast<XmlNode*>(arena_.allocate(sizeof(XmlNode)));
     if (!node) return nullptr;
     *node = XmlNode{};
@@ -106,7 +122,7 @@ class TreeBuilder {
   }
 
   // A new last child of the open element; null when memory has run out.
-  XmlNode* add_node(int type, const NumberedName& name) {
+  XmlNode* add_node(int type, const NumberedText& name) {
     XmlNode* node = new_node(type, name);
     if (!node) {
       fail();
@@ -118,7 +134,7 @@ class TreeBuilder {
     return node;
   }
 
-  bool add_text_node(int type, const NumberedName& name);
+  bool add_text_node(int type, const NumberedText& name);
   bool end_open_text();
   bool end_last_text();
 
@@ -128,7 +144,8 @@ class TreeBuilder {
   }
 
   Arena arena_;
-  Names names_;
+  DistinctTexts names_;
+  DistinctTexts values_;  // of attributes
   Document* document_ = nullptr;
   XmlNode* parent_ = nullptr;          // the innermost open element
   XmlNode* last_child_ = nullptr;      // of parent_

@@ -24,7 +24,7 @@ using DispatchTable = std::array<Dispatch, known_names.size>;
 
 template <Record R>
 consteval void set(DispatchTable& table, const char* trace) {
-  table[element_of<R>] = {build_record<R>, trace};
+  table[element_of<R>] = {build_record<R>, trace, list_count<R>()};
 }
 
 // The elements that the walk knows.  VALUE.NULL, SCOPE and the cells of a table declaration

@@ -1,6 +1,8 @@
 // Which builder makes the record of which element.
 #pragma once
 
+#include <cstdint>
+
 #include "reader/build.h"
 #include "reader/names.h"
 
@@ -12,6 +14,7 @@ struct Dispatch {
   void* (*build)(Building& building);
 
   const char* trace;             // trace line afterwards
+  std::uint8_t lists = 0;        // how many the record holds
   bool always_on_stack = false;  // also without children
 };
 

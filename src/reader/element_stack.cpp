@@ -5,6 +5,7 @@
 #include <array>
 #include <cstring>
 
+#include "base/memory.h"
 #include "base/trace.h"
 #include "reader/unlinked.h"
 
@@ -65,32 +66,35 @@ void forget_document() {
 Tails& tails_at(std::int32_t index) { return side_of(index).tails; }
 
 std::int32_t find_parent(const char* name) {
-  for (top = highest(); top >= 0; --top) {
-    if (is_named(top, name)) return top;
-    StackEntry& entry = map[top];
+  std::int32_t index = highest();
+  for (; index >= 0 && !is_named(index, name); --index) {
+    StackEntry& entry = map[index];
     entry.address = nullptr;
     std::memset(entry.name, 0, 4);
   }
-  return -1;
+  top = index;
+  return index;
 }
 
-void push_new(void* record, const char* name, const char* tag) {
+void push_new(void* record, std::string_view name, const char* tag, std::size_t lists) {
   trace("\nInside push ");
-  trace("\nname %s", name);
-  top = highest();
-  if (top == -1) trace("\nCase top = -1");
-  if (top == capacity - 1) return;
+  trace("\nname %s", name.data());
+  const std::int32_t index = highest() + 1;
+  if (index == 0) trace("\nCase top = -1");
+  top = std::min(index, capacity - 1);
+  if (index == capacity) return;
 
-  StackEntry& entry = map[++top];
-  used = std::max(used, top + 1);
-  side_of(top) = {};
+  StackEntry& entry = map[index];
+  used = std::max(used, index + 1);
+  Side& side = side_of(index);
+  for (std::size_t list = 0; list < lists; ++list) side.tails.last[list] = nullptr;
+  // Not where a trace function may write into the entry.
+  side.tag = is_traced() ? nullptr : tag;
   entry.address = record;
   trace("\nAddress set");
-  const std::size_t length = strnlen(name, sizeof entry.name - 1);
-  std::memcpy(entry.name, name, length);
+  const std::size_t length = std::min(name.size(), sizeof entry.name - 1);
+  copy_text(entry.name, name.data(), length);
   entry.name[length] = '\0';
-  // Not of a name that was cut, nor where a trace function may write into the entry.
-  if (length < sizeof entry.name - 1 && !is_traced()) side_of(top).tag = tag;
   trace("\nname set\n");
   trace("\n Added to stack\n");
 }
@@ -114,7 +118,7 @@ extern "C" {
 int Push(StackEntry entry) {
   entry.name[sizeof entry.name - 1] = '\0';
   if (!cim::holds(entry.address)) {
-    cim::push_new(entry.address, entry.name, nullptr);
+    cim::push_new(entry.address, entry.name, nullptr, cim::most_lists);
     return 0;
   }
   trace("\nInside push ");

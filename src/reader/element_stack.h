@@ -1,7 +1,9 @@
 // The element stack: which record each open element has.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "cim_client.h"
 #include "reader/links.h"
@@ -18,9 +20,10 @@ void forget_document();
 // Pop(), as an index into `map`; -1 when there is no entry of that name.
 std::int32_t find_parent(const char* name);
 
-// Push() for a record that is known not to be on the stack.  `tag` is the name's text in the
-// document, which stays until forget_document(); null when it does not.
-void push_new(void* record, const char* name, const char* tag);
+// Push() for a record that is known not to be on the stack and holds so many lists.  A NUL follows
+// `name`.  `tag` is the name's text in the document, which stays until forget_document(); null
+// when it does not, or when the name is too long for an entry.
+void push_new(void* record, std::string_view name, const char* tag, std::size_t lists);
 
 // removeParent(), but the CIM record that it finds stays the reader's.
 void take_name(const char* name);

@@ -10,9 +10,12 @@
 
 namespace cim {
 
+// IRETURNVALUE holds thirteen lists, more than any other record.
+constexpr std::size_t most_lists = 13;
+
 // The last node of each list of one record, so that appending does not walk; null: not known.
 struct Tails {
-  std::array<void*, 13> last;  // IRETURNVALUE holds thirteen lists, more than any other
+  std::array<void*, most_lists> last;
 };
 
 // The parent element of a new record.
@@ -51,7 +54,7 @@ void append(Node*& first, Node* node, void** last) {
 // Puts `child` into the field of `parent` that holds such children.
 template <Record Parent, Record Child>
 void adopt(Parent& parent, Child* child, Tails* tails) {
-  static_assert(list_count<Parent>() <= sizeof(Tails) / sizeof(void*));
+  static_assert(list_count<Parent>() <= most_lists);
   std::size_t list = 0;
   for_each_field<Parent>([&]<class T>(const Field<Parent, T>& field) {
     if constexpr (std::is_same_v<T, Child*>) {

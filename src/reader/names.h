@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "XMLParser.h"
 #include "model/records.h"
@@ -58,6 +59,13 @@ consteval NameTable make_name_table() {
 }  // namespace detail
 
 inline constexpr detail::NameTable known_names = detail::make_name_table();
+
+inline constexpr auto known_name_lengths = [] {
+  std::array<std::uint8_t, known_names.size> lengths{};
+  for (std::size_t i = 0; i < known_names.size; ++i)
+    lengths[i] = static_cast<std::uint8_t>(std::string_view(known_names.text[i]).size());
+  return lengths;
+}();
 
 // The number of a known name; names that are not known do not compile.
 consteval Name name_of(const char* text) { return known_names.number_of(text); }

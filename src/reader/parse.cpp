@@ -62,7 +62,8 @@ class Walk {
     cim::trace_line(dispatch.trace);
 
     if (element.firstChild || dispatch.always_on_stack) {
-      cim::push_new(record, element.nodeName, element.nodeName);
+      cim::push_new(record, {element.nodeName, cim::known_name_lengths[names_.of(element)]},
+                    element.nodeName, dispatch.lists);
     } else if (!building.parent.record || cim::is_traced()) {
       // With a record, the parent is on the stack already: Push() only leaves its trace lines.
       Push(entry_of(building.parent.record));

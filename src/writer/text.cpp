@@ -46,6 +46,14 @@ char* Text::hand_over() {
   return bytes;
 }
 
+char* write_text(Text& out, char* end, const char* text) {
+  const std::size_t length = std::strlen(text);
+  char* place = out.room(end, length);
+  if (!place) return end;
+  copy_text(place, text, length);
+  return place + length;
+}
+
 char* write_number(Text& out, char* end, std::int32_t number) {
   char digits[11];  // as many as "-2147483648" has
   const auto length =

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <type_traits>
 
+#include "base/memory.h"
+
 namespace cim {
 
 // A text on the heap that grows at its end.
@@ -68,27 +70,6 @@ class Text {
   bool failed_ = false;
 };
 
-// Copies `length` bytes.  Names and values of 4 to 16 bytes, which are most, go over in two
-// words that overlap: half the time of a call.
-template <class Word>
-void copy_two_words(char* to, const char* from, std::size_t length) {
-  Word first;
-  Word last;
-  std::memcpy(&first, from, sizeof(Word));
-  std::memcpy(&last, from + length - sizeof(Word), sizeof(Word));
-  std::memcpy(to, &first, sizeof(Word));
-  std::memcpy(to + length - sizeof(Word), &last, sizeof(Word));
-}
-inline void copy(char* to, const char* from, std::size_t length) {
-  if (length >= 8 && length <= 16) {
-    copy_two_words<std::uint64_t>(to, from, length);
-  } else if (length >= 4 && length < 8) {
-    copy_two_words<std::uint32_t>(to, from, length);
-  } else {
-    std::memcpy(to, from, length);
-  }
-}
-
 // A literal.
 template <std::size_t size>
 [[gnu::always_inline]] inline char* write_piece(Text& out, char* end, const char (&literal)[size]) {
@@ -98,16 +79,13 @@ template <std::size_t size>
   return place + size - 1;
 }
 
+char* write_text(Text& out, char* end, const char* text);
+
 // A text of a record.
 template <class T>
 requires std::is_same_v<T, char*>
 [[gnu::always_inline]] inline char* write_piece(Text& out, char* end, T text) {
-  if (!text) return end;
-  const std::size_t length = std::strlen(text);
-  char* place = out.room(end, length);
-  if (!place) return end;
-  copy(place, text, length);
-  return place + length;
+  return text ? write_text(out, end, text) : end;
 }
 
 // opener"text": nothing when the text is null.
@@ -129,7 +107,7 @@ template <std::size_t size>
   std::memcpy(place, piece.opener, size - 1);
   place += size - 1;
   *place++ = '"';
-  copy(place, piece.text, length);
+  copy_text(place, piece.text, length);
   place += length;
   *place++ = '"';
   return place;

@@ -156,6 +156,36 @@ TEST(NameNumbers, are_there_for_as_many_names_as_cim_documents_use) {
     EXPECT_NE(n->nodeNameId, 0U) << n->nodeName;
 }
 
+// ---- Values that stand there again and again, which nodes may share
+
+TEST(AttributeValues, are_right_however_many_there_are_and_however_often_they_come) {
+  const auto value = [](int i) {
+    return std::string(static_cast<std::size_t>(i % 100), 'v') + std::to_string(i % 700);
+  };
+  std::string text = "<r>";
+  for (int i = 0; i < 3000; ++i) text += "<a b=\"" + value(i) + "\" c='" + value(i + 1) + "'/>";
+  const Parsed parsed((text + "</r>").c_str());
+
+  int count = 0;
+  for (const XmlNode* n = parsed.root().firstChild; n; n = n->nextSibling, ++count) {
+    EXPECT_EQ(n->attributes->nodeValue, value(count));
+    EXPECT_EQ(n->attributes->nextSibling->nodeValue, value(count + 1));
+  }
+  EXPECT_EQ(count, 3000);
+}
+
+TEST(AttributeValues, that_share_beginning_length_and_end_stay_apart) {
+  const Parsed parsed(
+      R"(<a b="beginning-1-the-end" c="beginning-2-the-end" d="beginning-1-the-end"/>)");
+  EXPECT_EQ(outline(parsed.root()),
+            R"(a @b="beginning-1-the-end" @c="beginning-2-the-end" @d="beginning-1-the-end")");
+}
+
+TEST(AttributeValues, are_the_same_with_references_and_without) {
+  const Parsed parsed(R"(<a b="x&amp;y" c="xy" d="x&#121;" e="x&amp;y"/>)");
+  EXPECT_EQ(outline(parsed.root()), R"(a @b="x&y" @c="xy" @d="xy" @e="x&y")");
+}
+
 // ---- Several documents
 
 TEST(Documents, outlive_their_text_and_each_other) {

@@ -1,4 +1,5 @@
-// The distinct names of one document, each kept once and numbered.
+// Distinct texts of one document, each kept once and numbered: its names, and the values of its
+// attributes, of which most stand there again and again.
 #pragma once
 
 #include <array>
@@ -10,43 +11,43 @@
 
 namespace xmlparser {
 
-struct NumberedName {
+struct NumberedText {
   const char* text;  // null: memory ran out
   std::uint32_t length;
   std::uint32_t number;  // from 1 on; 0: kept for this one use
 };
 
-// Finds a name in a bounded number of steps, so that no choice of names makes a document slow.
-// A name that finds no place gets no number.  There is place for several times the names that
+// Finds a text in a bounded number of steps, so that no choice of texts makes a document slow.
+// A text that finds no place gets no number.  There is place for several times the names that
 // CIM documents use.
-class Names {
+class DistinctTexts {
  public:
   static constexpr std::size_t most = 256;
 
-  // Null when the name, of 1 byte or more, is not kept.
-  const NumberedName* find(const char* bytes, std::size_t length) const {
+  // Null when the text, of 1 byte or more, is not kept.
+  const NumberedText* find(const char* bytes, std::size_t length) const {
     const Fingerprint print = fingerprint_of(bytes, length);
     for (std::size_t step = 0; step < longest_run; ++step) {
       const std::uint16_t number = places_[(print.place + step) % places_.size()];
       if (number == 0) return nullptr;
       const Entry& entry = entries_[number - 1U];
-      if (entry.first == print.first && entry.last == print.last && entry.name.length == length &&
-          middle_is_equal(entry.name.text, bytes, length))
-        return &entry.name;
+      if (entry.first == print.first && entry.last == print.last && entry.text.length == length &&
+          middle_is_equal(entry.text.text, bytes, length))
+        return &entry.text;
     }
     return nullptr;
   }
 
-  // Of the name with that number.
-  std::size_t length_of(std::uint32_t number) const { return entries_[number - 1U].name.length; }
+  // Of the text with that number.
+  std::size_t length_of(std::uint32_t number) const { return entries_[number - 1U].text.length; }
 
-  // Keeps a name that find() does not find, of 1 byte or more.
-  NumberedName add(Arena& arena, const char* bytes, std::size_t length);
+  // Keeps a text that find() does not find, of 1 byte or more.
+  NumberedText add(Arena& arena, const char* bytes, std::size_t length);
 
  private:
   static constexpr std::size_t longest_run = 8;
 
-  // The first and last eight bytes, or four; all of a shorter name.
+  // The first and last eight bytes, or four; all of a shorter text.
   struct Fingerprint {
     std::uint64_t first;
     std::uint64_t last;
@@ -54,7 +55,7 @@ class Names {
   };
 
   struct Entry {
-    NumberedName name;
+    NumberedText text;
     std::uint64_t first;
     std::uint64_t last;
   };
@@ -90,7 +91,7 @@ class Names {
     return length <= 16 || std::memcmp(a + 8, b + 8, length - 16) == 0;
   }
 
-  std::array<std::uint16_t, 2 * most> places_{};  // numbers of names; 0: free
+  std::array<std::uint16_t, 2 * most> places_{};  // numbers of texts; 0: free
   std::array<Entry, most> entries_;               // of which count_ are filled
   std::uint16_t count_ = 0;
 };
