@@ -1,5 +1,7 @@
-// Walking, releasing and copying the records of an EnumerateInstances answer.
+// Walking the records of answers; releasing and copying those of an EnumerateInstances answer.
 #include "by_hand.h"
+
+#include <malloc.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -67,24 +69,58 @@ void walk(const Value* list, Visit& visit) {
 }
 
 template <class Visit>
+void walk(const ValueArray* record, Visit& visit) {
+  if (!record) return;
+  visit(record, sizeof *record);
+  walk(record->values, visit);
+}
+
+template <class Visit>
+void walk(const Qualifier* list, Visit& visit) {
+  for (; list; list = list->next) {
+    visit(list, sizeof *list);
+    walk(list->name, visit);
+    walk(list->type, visit);
+    if (list->qualifierFlavor) visit(list->qualifierFlavor, sizeof *list->qualifierFlavor);
+    walk(list->value, visit);
+    walk(list->valueArray, visit);
+  }
+}
+
+template <class Visit>
+void walk(const Property* list, Visit& visit) {
+  for (; list; list = list->next) {
+    visit(list, sizeof *list);
+    walk(list->name, visit);
+    walk(list->type, visit);
+    walk(list->classOrigin, visit);
+    walk(list->qualifiers, visit);
+    walk(list->value, visit);
+  }
+}
+
+template <class Visit>
+void walk(const Class* list, Visit& visit) {
+  for (; list; list = list->next) {
+    visit(list, sizeof *list);
+    walk(list->name, visit);
+    walk(list->superClass, visit);
+    walk(list->properties, visit);
+  }
+}
+
+template <class Visit>
 void walk(const Instance* list, Visit& visit) {
   for (; list; list = list->next) {
     visit(list, sizeof *list);
     walk(list->className, visit);
-    for (const Property* p = list->properties; p; p = p->next) {
-      visit(p, sizeof *p);
-      walk(p->name, visit);
-      walk(p->type, visit);
-      walk(p->classOrigin, visit);
-      walk(p->value, visit);
-    }
+    walk(list->properties, visit);
     for (const PropertyArray* p = list->propertyArrays; p; p = p->next) {
       visit(p, sizeof *p);
       walk(p->name, visit);
       walk(p->type, visit);
       walk(p->classOrigin, visit);
-      if (p->valueArray) visit(p->valueArray, sizeof *p->valueArray);
-      if (p->valueArray) walk(p->valueArray->values, visit);
+      walk(p->valueArray, visit);
     }
     for (const PropertyReference* p = list->propertyReferences; p; p = p->next) {
       visit(p, sizeof *p);
@@ -103,6 +139,21 @@ void walk(const NamedInstance* list, Visit& visit) {
     walk(list->instanceName, visit);
     walk(list->instance, visit);
   }
+}
+
+const IReturnValue* returned(const CIM* answer) {
+  if (!answer || !answer->message || !answer->message->simpleRsp) return nullptr;
+  const IMethodResponse* response = answer->message->simpleRsp->iMethodResponse;
+  return response ? response->iReturnValue : nullptr;
+}
+
+template <class Visit>
+void walk(const CIM* answer, Visit& visit) {
+  const IReturnValue* values = returned(answer);
+  if (!values) return;
+  walk(values->class_, visit);
+  walk(values->instance, visit);
+  walk(values->namedInstance, visit);
 }
 
 // ---- Releasing ----
@@ -341,14 +392,24 @@ NamedInstance* copy_node(const NamedInstance& source) {
 
 }  // namespace
 
-std::vector<Block> blocks_of(const NamedInstance* list) {
+namespace {
+
+template <class Records>
+std::vector<Block> collect_blocks(const Records* records) {
   std::vector<Block> blocks;
-  auto add = [&](const void* address, std::size_t size) {
-    blocks.push_back({const_cast<void*>(address), size});
+  auto add = [&](const void* address, std::size_t) {
+    void* block = const_cast<void*>(address);
+    blocks.push_back({block, malloc_usable_size(block)});
   };
-  walk(list, add);
+  walk(records, add);
   return blocks;
 }
+
+}  // namespace
+
+std::vector<Block> blocks_of(const NamedInstance* list) { return collect_blocks(list); }
+
+std::vector<Block> blocks_of(const CIM* answer) { return collect_blocks(answer); }
 
 Replay::Replay(const std::vector<Block>& blocks) : made_(blocks.size()) {
   for (const Block& block : blocks) {
@@ -399,21 +460,25 @@ struct Digest {
   }
 };
 
-}  // namespace
-
-std::string digest_of(const NamedInstance* list) {
+template <class Records>
+std::string digest(const Records* records) {
   Digest digest;
-  walk(list, digest);
+  walk(records, digest);
   char text[40];
   std::snprintf(text, sizeof text, "%zu:%016llx", digest.count,
                 static_cast<unsigned long long>(digest.sum));
   return text;
 }
 
-NamedInstance* instances_of(const CIM* tree) {
-  if (!tree || !tree->message || !tree->message->simpleRsp) return nullptr;
-  const IMethodResponse* response = tree->message->simpleRsp->iMethodResponse;
-  return response && response->iReturnValue ? response->iReturnValue->namedInstance : nullptr;
+}  // namespace
+
+std::string digest_of(const NamedInstance* list) { return digest(list); }
+
+std::string digest_of(const CIM* answer) { return digest(answer); }
+
+NamedInstance* instances_of(const CIM* answer) {
+  const IReturnValue* values = returned(answer);
+  return values ? values->namedInstance : nullptr;
 }
 
 }  // namespace bench

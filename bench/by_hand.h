@@ -15,8 +15,10 @@ struct Block {
   std::size_t size;
 };
 
-// Every block of the list, each record before what it holds.
+// Every block of the list or of what an answer returns, each record before what it holds, with
+// the size that the allocator gave it: values have room behind their texts.
 std::vector<Block> blocks_of(const NamedInstance* list);
+std::vector<Block> blocks_of(const CIM* answer);
 
 // The allocations, copies and frees of such blocks, and nothing else.
 class Replay {
@@ -36,8 +38,9 @@ NamedInstance* copy_by_hand(const NamedInstance* list);
 
 // The number of blocks and bytes, and a checksum of all texts in their order.
 std::string digest_of(const NamedInstance* list);
+std::string digest_of(const CIM* answer);
 
 // The instances of an answer, or null.
-NamedInstance* instances_of(const CIM* tree);
+NamedInstance* instances_of(const CIM* answer);
 
 }  // namespace bench

@@ -97,7 +97,7 @@ class ParseAndFree : public Reading {
   void run() override { Free_CIM(parseXML(text())); }
   std::string digest() const override {
     CIM* tree = parseXML(text());
-    std::string digest = digest_of(instances_of(tree));
+    std::string digest = digest_of(tree);
     Free_CIM(tree);
     return digest;
   }
@@ -109,7 +109,7 @@ class Parse : public Reading {
   void run() override { tree_ = parseXML(text()); }
   void after() override {
     if (!tree_) std::abort();
-    digest_ = digest_of(instances_of(tree_));
+    digest_ = digest_of(tree_);
     Free_CIM(std::exchange(tree_, nullptr));
   }
   std::string digest() const override { return digest_; }
@@ -124,7 +124,7 @@ class Floor : public Reading {
  public:
   explicit Floor(std::string text) : Reading(std::move(text)) {
     CIM* tree = parseXML(this->text());
-    replay_ = Replay(blocks_of(instances_of(tree)));
+    replay_ = Replay(blocks_of(tree));
     Free_CIM(tree);
   }
   void run() override { replay_.run(); }
