@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the manual pages of section 3 from the public C header, one per family of functions,
-one for the records and one for the whole.
+"""Writes the manual pages of section 3: from the public C header one per family of functions, one
+for the records and one for the whole, and one from the C++ header beside it.
 
 usage: make_pages.py HEADER VERSION FOLDER            write the pages
        make_pages.py HEADER VERSION FOLDER --check    status 1 when they are not as written
@@ -10,7 +10,10 @@ A family is what stands between @defgroup and the @} that ends it.
 import pathlib
 import re
 import sys
-import textwrap
+
+import cxx_page
+from roff import (described, header_line, name_line, paragraphs, roff, uncommented, verbatim,
+                  wrapped)
 
 GROUP = re.compile(r"/\*\* @defgroup (\w+)_family ([^\n]+)\n(.*?)@\{ \*/\n(.*?)/\*\* @\} \*/",
                    re.DOTALL)
@@ -18,84 +21,6 @@ ITEM = re.compile(r"(?:/\*\*((?:(?!\*/).)*)\*/\s*)?"
                   r"((?:extern )?CIM_API [^;{]*;|struct \w+;|struct \w+ \{[^}]*\};)"
                   r"(?: /\*\*<([^*]*)\*/)?", re.DOTALL)
 RECORD = re.compile(r"/\*\*((?:(?!\*/).)*)\*/\n(struct (\w+) \{\n.*?\n\};)", re.DOTALL)
-MANUAL = "CIM client library"
-
-
-def uncommented(comment):
-    """The lines of a comment without the stars before them."""
-    return [re.sub(r"^\s*\*(?: |$)", "", line).rstrip() for line in comment.strip().splitlines()]
-
-
-def roff(text):
-    """A text with its marks as those of a manual page."""
-    text = text.replace("\\", "\\e").replace("-", "\\-")
-    text = re.sub(r"@p (\*?\w+)", r"\\fI\1\\fP", text)
-    text = re.sub(r"@c (\w+)", r"\\fB\1\\fP", text)
-    text = re.sub(r"`(\w+)`", r"\\fB\1\\fP", text)
-    text = re.sub(r"#(\w+)", r"\\fB\1\\fP", text)
-    text = re.sub(r"\b([A-Za-z_]\w*)\(\)", r"\\fB\1\\fP()", text)
-    return "\n".join("\\&" + line if line.startswith((".", "'")) else line
-                     for line in text.splitlines())
-
-
-def verbatim(lines):
-    """Lines that keep their breaks."""
-    code = "\n".join(lines).replace("\\", "\\e").replace("-", "\\-")
-    return ".nf\n" + "\n".join("\\&" + line if line.startswith((".", "'")) else line
-                               for line in code.splitlines()) + "\n.fi\n"
-
-
-def paragraphs(lines):
-    """Running text; indented lines are a table and keep their breaks."""
-    written, pending, kept = [], [], []
-
-    def flush():
-        if pending:
-            written.append(".PP\n" + roff("\n".join(pending)) + "\n")
-            pending.clear()
-        if kept:
-            written.append(".PP\n" + verbatim(kept))
-            kept.clear()
-
-    for line in lines:
-        if not line:
-            flush()
-        elif line.startswith("  "):
-            if pending:
-                flush()
-            kept.append(re.sub(r"#(\w+)", r"\1", line))
-        else:
-            if kept:
-                flush()
-            pending.append(line)
-    flush()
-    return "".join(written)
-
-
-def tagged(lines):
-    """What comes before the first @param or @return, and then each of these with its text."""
-    parts = [("", [])]
-    for line in lines:
-        pieces = re.split(r"(?=@(?:param|return)\b)", line)
-        if pieces[0].strip() or not line:
-            parts[-1][1].append(pieces[0].strip() if parts[-1][0] else pieces[0].rstrip())
-        for piece in pieces[1:]:
-            kind, rest = re.match(r"@(param|return)\s*(.*)", piece).groups()
-            if kind == "param":
-                name, rest = re.match(r"(\w+)\s*(.*)", rest).groups()
-                parts.append((rf"\fI{name}\fP", [rest]))
-            else:
-                parts.append(("returns", [rest]))
-    return parts
-
-
-def described(comment):
-    """A comment as part of a manual page."""
-    parts = tagged(uncommented(comment))
-    text = paragraphs(parts[0][1])
-    for label, lines in parts[1:]:
-        text += f".TP\n{label}\n" + roff("\n".join(line for line in lines if line)) + "\n"
-    return text
 
 
 def declared_names(declaration):
@@ -108,20 +33,7 @@ def declared_names(declaration):
 def bare(declaration):
     """A declaration without the marks for compilers, one line or wrapped."""
     line = re.sub(r"\bCIM_API |\s*CIM_PRINTF\(\d, \d\)", "", " ".join(declaration.split()))
-    # A break comes behind a comma only: no parameter is torn.
-    whole = line.replace(" ", "\0").replace(",\0", ", ")
-    wrapped = textwrap.wrap(whole, 76, subsequent_indent="    ", break_long_words=False,
-                            break_on_hyphens=False)
-    return [part.replace("\0", " ") for part in wrapped]
-
-
-def header_line(name, version):
-    return (f".\\\" Written by docs/man/make_pages.py from include/cim_client.h.\n"
-            f".TH {name.upper()} 3 \"\" \"cim-client {version}\" \"{MANUAL}\"\n")
-
-
-def name_line(names, brief):
-    return ".SH NAME\n" + textwrap.fill(", ".join(names), 90) + f" \\- {brief}\n"
+    return wrapped(line)
 
 
 def synopsis(declarations):
@@ -178,7 +90,8 @@ def whole_page(header, version, groups):
     text += ".SH SYNOPSIS\n" + verbatim(["#include <cim_client.h>", "",
                                          "cc program.c -lCIM-Client"])
     text += ".SH DESCRIPTION\n" + paragraphs(lines) + ".SH PAGES\n"
-    for page, title in [*groups, ("cim_client_records", "Records of CIM-XML elements")]:
+    for page, title in [*groups, ("cim_client_records", "Records of CIM-XML elements"),
+                        (cxx_page.PAGE, cxx_page.BRIEF)]:
         text += f".TP\n.BR {page} (3)\n{roff(title)}\n"
     return text + ".SH SEE ALSO\n.BR cim-client (1),\n.BR cim-sandbox (1)\n"
 
@@ -188,19 +101,21 @@ def see_also(page):
     return ".SH SEE ALSO\n" + ",\n".join(f".BR {name} (3)" for name in others) + "\n"
 
 
-def pages(header, version):
+def pages(path, version):
     """The text of each page, by file name."""
+    header, cxx_header = path.read_text(), path.with_suffix(".hpp").read_text()
     groups = GROUP.findall(header)
     titles = [(f"cim_client_{name}", title) for name, title, _, _ in groups]
     made = {f"{page}.3": family_page(page, version, title, intro, body)
             for (page, title), (_, _, intro, body) in zip(titles, groups)}
     made["cim_client_records.3"] = records_page(header, version)
     made["cim_client.3"] = whole_page(header, version, titles)
+    made[f"{cxx_page.PAGE}.3"] = cxx_page.page(cxx_header, version)
     return made
 
 
 def main(header, version, folder, *options):
-    made = pages(pathlib.Path(header).read_text(), version)
+    made = pages(pathlib.Path(header), version)
     root = pathlib.Path(folder)
     if options != ("--check",):
         for name, text in made.items():

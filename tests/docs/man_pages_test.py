@@ -39,6 +39,28 @@ class ManPages(unittest.TestCase):
         for line in listed:
             self.assertEqual(1, found.count(line.split()[0]), line)
 
+    def test_every_type_and_function_of_the_cxx_header_is_described(self):
+        header = (ROOT / "include/cim_client.hpp").read_text()
+        shown = re.sub(r"/\*\* @cond.*?@endcond \*/|^#define.*?[^\\]$", "", header,
+                       flags=re.DOTALL | re.MULTILINE)
+        declared = set(re.findall(r"^(?:class(?: \[\[nodiscard\]\])?|struct|enum class|using) (\w+)",
+                                  shown, re.MULTILINE))
+        declared |= set(re.findall(r"^(?:inline|constexpr|std::|Owner|bool|void)[^(;=]*?(\w+)\(",
+                                   shown, re.MULTILINE))
+        page = (ROOT / "docs/man/cim_client.hpp.3").read_text()
+        headings = set(re.findall(r"^\.SS (\w+)", page, re.MULTILINE))
+        self.assertGreater(len(declared), 40)
+        self.assertEqual(set(), declared - headings)
+
+    def test_every_operation_of_the_cxx_client_is_described(self):
+        page = (ROOT / "docs/man/cim_client.hpp.3").read_text()
+        for operation in ("get_class", "enumerate_classes", "enumerate_class_names",
+                          "enumerate_instances", "enumerate_instance_names", "get_instance",
+                          "associators", "associator_names", "references", "reference_names",
+                          "create_instance", "modify_instance", "delete_instance", "invoke",
+                          "query"):
+            self.assertRegex(page, rf"(?m)^\.B .*\b{operation}\(")
+
     def test_pages_that_are_named_exist(self):
         names = {page.stem for page in (ROOT / "docs/man").glob("*.[13]")}
         for page in PAGES:
