@@ -14,6 +14,7 @@
 
 #include "settings.h"
 #include "sinks.h"
+#include "standard_error.h"
 #include "undisturbed.h"
 
 namespace {
@@ -33,14 +34,19 @@ void complain(const std::string& what) {
                                  "; nothing is logged\n");
 }
 
+std::string text_of(const rtlog::Complaint& complaint) {
+  const std::string what(complaint.what);
+  return complaint.part ? what + '"' + std::string(*complaint.part) + '"' : what;
+}
+
 void open_log() {
   // Null in programs with more rights than their caller.
   const char* value = ::secure_getenv(rtlog::variable);
   if (!value) return;
-  std::string complaint;
+  rtlog::Complaint complaint;
   const auto settings = rtlog::parse_settings(value, complaint);
   if (!settings) {
-    complain(complaint);
+    complain(text_of(complaint));
     return;
   }
   try {

@@ -33,33 +33,41 @@ std::optional<std::size_t> file_size(std::string_view text) {
   return *count * unit;
 }
 
-std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+// The part of `text` before and behind its first `count` bytes; substr() may throw.
+std::string_view front(std::string_view text, std::size_t count) {
+  return {text.data(), std::min(count, text.size())};
+}
+
+std::string_view behind(std::string_view text, std::size_t count) {
+  text.remove_prefix(std::min(count, text.size()));
+  return text;
+}
 
 // `options` is what follows the path, from the first comma on.
-bool parse_file_options(std::string_view options, Settings& settings, std::string& complaint) {
+bool parse_file_options(std::string_view options, Settings& settings, Complaint& complaint) {
   constexpr std::string_view size = ",size=";
   constexpr std::string_view keep = ",keep=";
   while (!options.empty()) {
-    const std::string_view option = options.substr(0, options.find(',', 1));
+    const std::string_view option = front(options, options.find(',', 1));
     options.remove_prefix(option.size());
     if (option.starts_with(size)) {
-      const auto bytes = file_size(option.substr(size.size()));
+      const std::string_view text = behind(option, size.size());
+      const auto bytes = file_size(text);
       if (!bytes) {
-        complaint =
-            "size is a number of bytes from 4K to 1024M, not " + quoted(option.substr(size.size()));
+        complaint = {"size is a number of bytes from 4K to 1024M, not ", text};
         return false;
       }
       settings.size = *bytes;
     } else if (option.starts_with(keep)) {
-      const auto files = number(option.substr(keep.size()));
+      const std::string_view text = behind(option, keep.size());
+      const auto files = number(text);
       if (!files || *files > most_kept) {
-        complaint =
-            "keep is a number of files from 0 to 100, not " + quoted(option.substr(keep.size()));
+        complaint = {"keep is a number of files from 0 to 100, not ", text};
         return false;
       }
       settings.keep = *files;
     } else {
-      complaint = "unknown option " + quoted(option.substr(1));
+      complaint = {"unknown option ", behind(option, 1)};
       return false;
     }
   }
@@ -71,7 +79,7 @@ std::size_t end_of_path(std::string_view text) {
   return std::min({text.find(",size="), text.find(",keep="), text.size()});
 }
 
-bool parse_target(std::string_view text, Settings& settings, std::string& complaint) {
+bool parse_target(std::string_view text, Settings& settings, Complaint& complaint) {
   constexpr std::string_view file = "file=";
   if (text == "stderr") {
     settings.target = Target::StandardError;
@@ -82,21 +90,21 @@ bool parse_target(std::string_view text, Settings& settings, std::string& compla
     return true;
   }
   if (!text.starts_with(file)) {
-    complaint = "the target is stderr, syslog or file=PATH, not " + quoted(text);
+    complaint = {"the target is stderr, syslog or file=PATH, not ", text};
     return false;
   }
   text.remove_prefix(file.size());
   const std::size_t path_size = end_of_path(text);
   if (path_size == 0) {
-    complaint = "file= needs a path";
+    complaint = {"file= needs a path", std::nullopt};
     return false;
   }
   settings.target = Target::File;
-  settings.path = text.substr(0, path_size);
-  return parse_file_options(text.substr(path_size), settings, complaint);
+  settings.path = front(text, path_size);
+  return parse_file_options(behind(text, path_size), settings, complaint);
 }
 
-bool parse_level(std::string_view text, Settings& settings, std::string& complaint) {
+bool parse_level(std::string_view text, Settings& settings, Complaint& complaint) {
   constexpr std::array<std::pair<std::string_view, Level>, 5> levels{{{"error", Level::Error},
                                                                       {"warning", Level::Warning},
                                                                       {"info", Level::Info},
@@ -107,20 +115,21 @@ bool parse_level(std::string_view text, Settings& settings, std::string& complai
     settings.level = level;
     return true;
   }
-  complaint = "the level is off, error, warning, info, debug or trace, not " + quoted(text);
+  complaint = {"the level is off, error, warning, info, debug or trace, not ", text};
   return false;
 }
 
 }  // namespace
 
-std::optional<Settings> parse_settings(std::string_view value, std::string& complaint) {
+std::optional<Settings> parse_settings(std::string_view value, Complaint& complaint) {
   if (value.empty()) return Settings{};
   const std::size_t colon = value.rfind(':');
   Settings settings;
-  if (!parse_target(value.substr(0, colon), settings, complaint)) return std::nullopt;
+  if (!parse_target(front(value, colon), settings, complaint)) return std::nullopt;
   if (colon == std::string_view::npos) return settings;
-  if (value.substr(colon + 1) == "off") return Settings{};
-  if (!parse_level(value.substr(colon + 1), settings, complaint)) return std::nullopt;
+  const std::string_view level = behind(value, colon + 1);
+  if (level == "off") return Settings{};
+  if (!parse_level(level, settings, complaint)) return std::nullopt;
   return settings;
 }
 

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace rtlog {
@@ -20,12 +19,18 @@ struct Settings {
   Level level = Level::Info;  // and those before it
 
   // Of Target::File:
-  std::string path;
+  std::string_view path;           // borrowed from the value
   std::size_t size = 1024 * 1024;  // bytes; a file that would grow beyond it is set aside
   std::size_t keep = 3;            // files set aside
 };
 
+// Why a value cannot be understood: a sentence, which may end in a part of the value, quoted.
+struct Complaint {
+  std::string_view what;
+  std::optional<std::string_view> part;  // borrowed from the value
+};
+
 // Nothing when `value` cannot be understood; `complaint` then says why.
-std::optional<Settings> parse_settings(std::string_view value, std::string& complaint);
+std::optional<Settings> parse_settings(std::string_view value, Complaint& complaint);
 
 }  // namespace rtlog

@@ -2,25 +2,23 @@
 #include "sinks.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <spdlog/pattern_formatter.h>
 #include <spdlog/sinks/base_sink.h>
 #include <spdlog/sinks/rotating_file_sink.h>
 #include <sys/stat.h>
-#include <syslog.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <mutex>
 #include <string>
 #include <utility>
 
+#include "standard_error.h"
+#include "system_log.h"
+
 namespace rtlog {
 namespace {
 
-// The library's own stream buffers are not used: the application may have closed or replaced
-// them.
 class StandardErrorSink : public spdlog::sinks::base_sink<std::mutex> {
  protected:
   void sink_it_(const spdlog::details::log_msg& message) override {
@@ -34,58 +32,28 @@ class StandardErrorSink : public spdlog::sinks::base_sink<std::mutex> {
 
 // ---- System log ----
 
-// What any syslog daemon takes in one message, less room for its own head and ours
-// (RFC 3164: 1024 bytes in all).
-constexpr std::size_t longest_part = 800;  // bytes
-
-// The first part of `line` that fits, without cutting a UTF-8 character.
-std::string_view first_part(std::string_view line) {
-  if (line.size() <= longest_part) return line;
-  const auto continues = [&](std::size_t at) {
-    return (static_cast<unsigned char>(line[at]) & 0xC0U) == 0x80U;
-  };
-  std::size_t end = longest_part;
-  while (end > longest_part - 3 && continues(end)) --end;
-  return line.substr(0, end);
-}
-
-int priority(spdlog::level::level_enum level) {
+Level level_of(spdlog::level::level_enum level) {
   switch (level) {
     case spdlog::level::err:
-      return LOG_ERR;
+      return Level::Error;
     case spdlog::level::warn:
-      return LOG_WARNING;
+      return Level::Warning;
     case spdlog::level::info:
-      return LOG_INFO;
+      return Level::Info;
     default:
-      return LOG_DEBUG;
+      return Level::Debug;
   }
 }
 
-// Leaves openlog() alone, which would change the application's own entries.
 class SyslogSink : public spdlog::sinks::base_sink<std::mutex> {
  protected:
   void sink_it_(const spdlog::details::log_msg& message) override {
-    std::string_view rest(message.payload.data(), message.payload.size());
-    do {
-      const std::size_t line_end = std::min(rest.find('\n'), rest.size());
-      write_line(message, rest.substr(0, line_end));
-      rest.remove_prefix(std::min(line_end + 1, rest.size()));
-    } while (!rest.empty());
+    write_to_system_log(level_of(message.level),
+                        {message.logger_name.data(), message.logger_name.size()},
+                        {message.payload.data(), message.payload.size()});
   }
 
   void flush_() override {}
-
- private:
-  static void write_line(const spdlog::details::log_msg& message, std::string_view line) {
-    do {
-      const std::string_view part = first_part(line);
-      ::syslog(priority(message.level), "[%d] %.*s: %.*s", ::getpid(),
-               static_cast<int>(message.logger_name.size()), message.logger_name.data(),
-               static_cast<int>(part.size()), part.data());
-      line.remove_prefix(part.size());
-    } while (!line.empty());
-  }
 };
 
 // ---- File ----
@@ -105,8 +73,9 @@ void create_private_file(const spdlog::filename_t& path) {
 std::unique_ptr<Sink> open_file(const Settings& settings) {
   spdlog::file_event_handlers handlers;
   handlers.before_open = create_private_file;
-  return std::make_unique<spdlog::sinks::rotating_file_sink_mt>(
-      settings.path, settings.size, settings.keep, /*rotate_on_open=*/false, handlers);
+  return std::make_unique<spdlog::sinks::rotating_file_sink_mt>(spdlog::filename_t(settings.path),
+                                                                settings.size, settings.keep,
+                                                                /*rotate_on_open=*/false, handlers);
 }
 
 std::unique_ptr<Sink> make_sink(const Settings& settings) {
@@ -129,21 +98,6 @@ std::unique_ptr<Sink> open_sink(const Settings& settings) {
   std::unique_ptr<Sink> sink = make_sink(settings);
   if (sink) sink->set_pattern("%Y-%m-%dT%H:%M:%S.%e%z [%P] %l %n: %v");
   return sink;
-}
-
-void write_to_standard_error(std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = ::write(STDERR_FILENO, text.data(), text.size());
-    if (written >= 0) {
-      text.remove_prefix(static_cast<std::size_t>(written));
-      continue;
-    }
-    if (errno == EINTR) continue;
-    if (errno != EAGAIN) return;
-    pollfd standard_error = {STDERR_FILENO, POLLOUT, 0};
-    constexpr int patience = 100;  // milliseconds; then the rest is dropped
-    if (::poll(&standard_error, 1, patience) == 0) return;
-  }
 }
 
 }  // namespace rtlog

@@ -28,6 +28,12 @@ struct Outcome {
   std::string errors;
 };
 
+// The program that logs: ours, or one of another build.
+const char* log_writer() {
+  const char* other = std::getenv("RTLOG_TEST_WRITER");
+  return other ? other : LOG_WRITER;
+}
+
 class Logging : public testing::Test {
  protected:
   Logging() {
@@ -72,7 +78,7 @@ class Logging : public testing::Test {
  private:
   int spawn(const std::optional<std::string>& value, const std::vector<std::string>& steps,
             const posix_spawn_file_actions_t& actions) {
-    std::vector<std::string> words = {LOG_WRITER};
+    std::vector<std::string> words = {log_writer()};
     words.insert(words.end(), steps.begin(), steps.end());
     std::vector<char*> arguments;
     arguments.reserve(words.size() + 1);
@@ -82,7 +88,7 @@ class Logging : public testing::Test {
     unsetenv("CIM_CLIENT_LOG");
     if (value) setenv("CIM_CLIENT_LOG", value->c_str(), 1);
     pid_t process = 0;
-    if (posix_spawn(&process, LOG_WRITER, &actions, nullptr, arguments.data(), environ) != 0)
+    if (posix_spawn(&process, log_writer(), &actions, nullptr, arguments.data(), environ) != 0)
       return -2;
     int status = 0;
     waitpid(process, &status, 0);

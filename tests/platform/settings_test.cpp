@@ -8,18 +8,23 @@ namespace {
 using rtlog::Level;
 using rtlog::Target;
 
+std::string text_of(const rtlog::Complaint& complaint) {
+  const std::string what(complaint.what);
+  return complaint.part ? what + '"' + std::string(*complaint.part) + '"' : what;
+}
+
 rtlog::Settings accepted(const char* value) {
-  std::string complaint;
+  rtlog::Complaint complaint;
   const auto settings = rtlog::parse_settings(value, complaint);
-  EXPECT_TRUE(settings) << value << ": " << complaint;
-  EXPECT_EQ(complaint, "");
+  EXPECT_TRUE(settings) << value << ": " << text_of(complaint);
+  EXPECT_EQ(text_of(complaint), "");
   return settings.value_or(rtlog::Settings{});
 }
 
 std::string complaint_about(const char* value) {
-  std::string complaint;
+  rtlog::Complaint complaint;
   EXPECT_FALSE(rtlog::parse_settings(value, complaint)) << value;
-  return complaint;
+  return text_of(complaint);
 }
 
 TEST(Settings, name_a_target_and_log_from_info_on_unless_told_otherwise) {
