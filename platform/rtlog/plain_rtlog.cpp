@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -31,7 +30,13 @@ struct Log {
   pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;  // held while something is written
 };
 Log current_log;
-std::atomic<bool> is_logging = false;  // set when current_log is complete
+
+// Set when current_log is complete.  <atomic> would need functions of the C library that not every
+// one has.
+bool is_logging_flag = false;
+
+void start_logging() { __atomic_store_n(&is_logging_flag, true, __ATOMIC_RELEASE); }
+bool is_logging() { return __atomic_load_n(&is_logging_flag, __ATOMIC_ACQUIRE); }
 
 // A text on the heap, or null when there is no memory for it.
 class Text {
@@ -109,7 +114,7 @@ void open_log() {
   if (settings->target == Target::File && !open_file(*settings)) return;
   current_log.target = settings->target;
   current_log.level = settings->level;
-  is_logging = settings->target != Target::Nowhere;
+  if (settings->target != Target::Nowhere) start_logging();
 }
 
 const char* text_of(const char* text) { return text ? text : "(null)"; }
@@ -125,7 +130,7 @@ const char* name_of(Level level) {
 }
 
 // "2024-02-29T13:05:59.123+01:00"
-using Time = std::array<char, 64>;
+using Time = std::array<char, 96>;
 
 Time time_now() {
   timespec now = {};
@@ -167,7 +172,7 @@ void rt_log_init() {
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 void _rt_log(const char* sourceFile, int line, const char* module, const char* category, int level,
              const char* format, ...) {
-  if (!is_logging || level_of(level) > current_log.level) return;
+  if (!is_logging() || level_of(level) > current_log.level) return;
   const rtlog::Undisturbed undisturbed;
   const Text place("%s/%s %s:%d", text_of(module), text_of(category), text_of(sourceFile), line);
   va_list arguments;
