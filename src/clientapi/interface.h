@@ -347,9 +347,15 @@ constexpr std::size_t on(std::size_t bits64, std::size_t bits32) {
 }
 
 static_assert(sizeof(CIMCValue) == on(16, 8));
-static_assert(sizeof(CIMCData) == on(24, 12));
+// The value holds 64-bit numbers: on i386 it begins at a multiple of 4, elsewhere of 8.
+#ifdef __i386__
+static_assert(alignof(CIMCValue) == 4);
+#else
+static_assert(alignof(CIMCValue) == 8);
+#endif
+static_assert(sizeof(CIMCData) == alignof(CIMCValue) + sizeof(CIMCValue));
 static_assert(offsetof(CIMCData, state) == 2);
-static_assert(offsetof(CIMCData, value) == on(8, 4));
+static_assert(offsetof(CIMCData, value) == alignof(CIMCValue));
 static_assert(sizeof(CIMCStatus) == on(16, 8));
 static_assert(offsetof(CIMCStatus, msg) == on(8, 4));
 static_assert(sizeof(CIMCEnv) == on(24, 12));
