@@ -38,10 +38,10 @@ std::string closed(const std::string& tag, const std::string& end_tag) {
   return text;
 }
 
-// Whether every access is watched, by valgrind or a sanitizer: that costs more time and memory
-// than the bounds allow.
+// Whether every access is watched, by valgrind or a sanitizer, or made by an emulator: that costs
+// more time and memory than the bounds allow.
 bool is_watched() {
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || defined(CIM_CLIENT_EMULATED)
   return true;
 #else
   const char* preloaded = std::getenv("LD_PRELOAD");

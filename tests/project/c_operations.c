@@ -286,6 +286,6 @@ int main(int argc, char** argv) {
   what_is_no_document_is_refused();
   records_are_written();
   a_large_document_is_read();
-  printf("%d of %d\n", tried - failed, tried);
+  printf("\n%d of %d\n", tried - failed, tried); /* behind what the library has printed */
   return failed == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
