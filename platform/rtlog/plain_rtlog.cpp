@@ -41,7 +41,7 @@ bool is_logging() { return __atomic_load_n(&is_logging_flag, __ATOMIC_ACQUIRE); 
 // A text on the heap, or null when there is no memory for it.
 class Text {
  public:
-  Text(const char* format, ...) __attribute__((format(printf, 2, 3))) {
+  explicit Text(const char* format, ...) __attribute__((format(printf, 2, 3))) {
     va_list arguments;
     va_start(arguments, format);
     print(format, arguments);
@@ -87,17 +87,12 @@ void complain(const rtlog::Complaint& complaint) {
 
 bool open_file(const rtlog::Settings& settings) {
   const std::string_view path = settings.path;
-  switch (current_log.file.open(settings)) {
-    case rtlog::Opened::Yes:
-      return true;
-    case rtlog::Opened::CannotBe:
-      complain(Text("cannot open %.*s: %s", size_of(path), path.data(), std::strerror(errno)));
-      return false;
-    case rtlog::Opened::IsNoRegularFile:
-      complain(Text("%.*s is not a regular file", size_of(path), path.data()));
-      return false;
-  }
-  return false;
+  const rtlog::Opened opened = current_log.file.open(settings);
+  if (opened == rtlog::Opened::CannotBe)
+    complain(Text("cannot open %.*s: %s", size_of(path), path.data(), std::strerror(errno)));
+  if (opened == rtlog::Opened::IsNoRegularFile)
+    complain(Text("%.*s is not a regular file", size_of(path), path.data()));
+  return opened == rtlog::Opened::Yes;
 }
 
 void open_log() {

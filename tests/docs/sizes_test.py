@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
-"""The stripped libraries are as small as docs/device-vendors.md says, and what they need is that.
+"""The stripped libraries are as small as docs/device-vendors.md says.
 
-usage: sizes_test.py DOCUMENT MACHINE STRIP LIBRARY...      in the order of the table's columns
+usage: sizes_test.py DOCUMENT MACHINE STRIP LIBRARY...
+
+MACHINE is a row of the table, the libraries are in the order of its columns.
 """
 import pathlib
 import re
@@ -16,14 +18,14 @@ KIB = 1024
 
 def limits():
     """The bytes that each library may have on this machine."""
-    row = re.search(rf"^\| {MACHINE}\b[^|]*((?:\| \d+ )+)\|", pathlib.Path(DOCUMENT).read_text(),
-                    re.MULTILINE)
+    row = re.search(rf"^\| {MACHINE}(?: \([^|]*\))? \|((?: \d+ \|)+)",
+                    pathlib.Path(DOCUMENT).read_text(), re.MULTILINE)
     return [int(figure) * KIB for figure in re.findall(r"\d+", row[1])][:len(LIBRARIES)]
 
 
 class Sizes(unittest.TestCase):
     def test_no_library_is_larger_than_stated_or_much_smaller(self):
-        self.assertEqual(3, len(LIBRARIES))
+        self.assertTrue(LIBRARIES)
         with tempfile.TemporaryDirectory() as folder:
             for library, limit in zip(LIBRARIES, limits(), strict=True):
                 stripped = pathlib.Path(folder) / "library"
