@@ -91,6 +91,7 @@ remove_from_root() {
     fail "something stays when they go: $(cat "$build/removed.log")"
 }
 
+mkdir -p "$build"
 "$here/build-packages.sh" "$build" >"$build.log" 2>&1 || { tail -n 20 "$build.log"; exit 1; }
 check_with_lintian
 make_root
