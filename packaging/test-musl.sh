@@ -116,7 +116,7 @@ try_guide() {
 
 build_libraries
 build_native
-mapfile -t objects < <(find "$build/platform" -name '*.o' | grep -v 'XMLParser.dir\|rtlog.dir' || true)
+mapfile -t objects < <(find "$build/platform" -path '*_objects.dir/*' -name '*.o')
 objects+=("$build/platform/xmlparser/CMakeFiles/XMLParser.dir/xml_parser.cpp.o")
 compile c_operations "$source/tests/project/c_operations.c"
 compile c_face_test "$source/tests/project/header/c_face_test.c"

@@ -29,7 +29,8 @@ def name_of(declaration):
     """What a declaration declares."""
     plain = re.sub(r"^template <(?:[^<>]|<[^<>]*>)*> ", "", declaration)
     if plain.startswith(("using ", "struct ", "class ", "enum ")):
-        return re.sub(r"\[\[\w+\]\] |^using |^struct |^enum class |^class ", "", plain).split()[0].split("<")[0]
+        named = re.sub(r"\[\[\w+\]\] |^using |^struct |^enum class |^class ", "", plain)
+        return re.match(r"\w+", named)[0]
     operator = re.search(r"operator\s*(?:\(\)|\S+?(?=\()|bool)", plain)
     if operator:
         return operator[0]

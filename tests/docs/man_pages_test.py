@@ -43,8 +43,9 @@ class ManPages(unittest.TestCase):
         header = (ROOT / "include/cim_client.hpp").read_text()
         shown = re.sub(r"/\*\* @cond.*?@endcond \*/|^#define.*?[^\\]$", "", header,
                        flags=re.DOTALL | re.MULTILINE)
-        declared = set(re.findall(r"^(?:class(?: \[\[nodiscard\]\])?|struct|enum class|using) (\w+)",
-                                  shown, re.MULTILINE))
+        declared = set(re.findall(
+            r"^(?:class(?: \[\[nodiscard\]\])?|struct|enum class|using) (\w+)", shown,
+            re.MULTILINE))
         declared |= set(re.findall(r"^(?:inline|constexpr|std::|Owner|bool|void)[^(;=]*?(\w+)\(",
                                    shown, re.MULTILINE))
         page = (ROOT / "docs/man/cim_client.hpp.3").read_text()
