@@ -89,10 +89,19 @@ cmake -S "$source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCIM_CLIENT_
   -DCIM_CLIENT_SYSROOT="$sysroot" \
   -DCMAKE_TOOLCHAIN_FILE="$source/cmake/toolchains/$machine.cmake"
 cmake --build "$build"
+# qemu-i386 keeps one table of segments for all threads: who returns from the handler of a signal
+# goes on with another thread's.  amd64 runs that test by itself.
+direct=
+[[ $machine-$(uname -m) != i386-x86_64 ]] || direct=exchange_failures_test
 # An emulated program cannot start itself anew, as tests of its death would have it.
 GTEST_DEATH_TEST_STYLE=fast ctest --test-dir "$build" --output-on-failure --no-tests=error \
   --timeout 1500 --parallel "$(nproc)" --label-exclude '^(valgrind|machine)$' \
-  --exclude-regex '^docs_'
+  --exclude-regex "^docs_|^${direct:-none}\$"
+if [[ -n $direct ]]; then
+  folders=$sysroot/lib/i386-linux-gnu:$sysroot/usr/lib/i386-linux-gnu
+  "$sysroot/lib/ld-linux.so.2" --library-path "$folders" \
+    "$(find "$build/tests" -name $direct -type f)" --gtest_brief=1
+fi
 "$emulator" -L "$sysroot" "$build/tests/platform/xml_mutants_test" seconds=3000 \
   mutants=300000 from=50000 "$source"/fuzz/{xml_engines.dict,seeds/xml_engines}
 show_libraries
