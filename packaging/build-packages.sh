@@ -8,8 +8,8 @@
 set -euo pipefail
 source=$(cd "$(dirname "$0")/.." && pwd)
 [[ $# == 1 || $# == 2 ]] || { echo "usage: $0 BUILD_FOLDER [OUTPUT_FOLDER]" >&2; exit 2; }
-build=$1
-output=${2:-$build/packages}
+build=$(realpath -m "$1")
+output=$(realpath -m "${2:-$build/packages}")
 
 # The time that files get: the last commit's, so that the same sources make the same packages.
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git -C "$source" log -1 --format=%ct 2>/dev/null ||
@@ -29,7 +29,8 @@ flags=(
   -DCMAKE_EXE_LINKER_FLAGS="$(dpkg-buildflags --get LDFLAGS)")
 
 cmake -S "$source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
-  -DCMAKE_BUILD_RPATH_USE_ORIGIN=ON -DCMAKE_INSTALL_SYSCONFDIR=/etc -DCIM_CLIENT_TESTS=OFF -DCIM_CLIENT_STATIC=ON "${flags[@]}"
+  -DCMAKE_BUILD_RPATH_USE_ORIGIN=ON -DCMAKE_INSTALL_SYSCONFDIR=/etc -DCIM_CLIENT_TESTS=OFF \
+  -DCIM_CLIENT_STATIC=ON "${flags[@]}"
 cmake --build "$build"
 (cd "$build" && cpack -G DEB -B "$build/packed")
 mkdir -p "$output"

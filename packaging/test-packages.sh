@@ -10,7 +10,7 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 [[ $# == 1 ]] || { echo "usage: $0 BUILD_FOLDER" >&2; exit 2; }
-build=$1
+build=$(realpath -m "$1")
 packages=$build/packages
 
 fail() {
