@@ -17,8 +17,8 @@
 
 namespace {
 
-using support::Script;
 using support::ScriptedServer;
+using support::ServerScript;
 using support::SystemCalls;
 
 // Every test leaves the descriptors as it found them.
@@ -37,7 +37,7 @@ std::vector<std::string> names(const SystemCalls& calls) {
 }
 
 TEST_F(TcpConnect, gives_a_connected_socket_that_the_caller_closes) {
-  ScriptedServer server{Script()};
+  ScriptedServer server{ServerScript()};
   const int socket = CIMC_TcpConnect("127.0.0.1", server.port());
   ASSERT_GE(socket, 0);
   sockaddr_in peer{};
@@ -49,7 +49,7 @@ TEST_F(TcpConnect, gives_a_connected_socket_that_the_caller_closes) {
 }
 
 TEST_F(TcpConnect, makes_a_stream_socket_and_sets_no_option) {
-  ScriptedServer server{Script()};
+  ScriptedServer server{ServerScript()};
   SystemCalls calls;
   const int socket = CIMC_TcpConnect("127.0.0.1", server.port());
   ASSERT_GE(socket, 0);
@@ -71,7 +71,7 @@ TEST_F(TcpConnect, gives_the_address_in_network_byte_order_and_zeros_behind_it) 
 }
 
 TEST_F(TcpConnect, only_the_low_16_bits_of_the_port_count) {
-  ScriptedServer server{Script()};
+  ScriptedServer server{ServerScript()};
   const int socket = CIMC_TcpConnect("127.0.0.1", server.port() + 0x70000u);
   EXPECT_GE(socket, 0);
   close(socket);
@@ -114,7 +114,7 @@ TEST_F(TcpConnect, every_failure_leaves_no_socket_open) {
 }
 
 TEST_F(TcpConnect, is_repeated_when_a_signal_interrupts_it) {
-  ScriptedServer server{Script()};
+  ScriptedServer server{ServerScript()};
   SystemCalls calls;
   calls.fail("connect", EINTR, 2);
   const int socket = CIMC_TcpConnect("127.0.0.1", server.port());

@@ -33,8 +33,8 @@ using support::answer;
 using support::CapturedOutput;
 using support::FailingAllocation;
 using support::RecordedLog;
-using support::Script;
 using support::ScriptedServer;
+using support::ServerScript;
 using support::SystemCalls;
 using Strings = std::vector<std::string>;
 
@@ -108,7 +108,7 @@ TEST_F(ExchangeFailure, an_interrupted_connect_is_repeated) {
 
 TEST_F(ExchangeFailure, a_failed_write_is_a_failure) {
   for (const int error : {EPIPE, ECONNRESET, EAGAIN, EIO, EBADF}) {
-    ScriptedServer server{Script()};
+    ScriptedServer server{ServerScript()};
     SystemCalls calls;
     calls.fail("write", error);
     EXPECT_EQ(send_in_silence(server.port()), failure());
@@ -118,7 +118,7 @@ TEST_F(ExchangeFailure, a_failed_write_is_a_failure) {
 }
 
 TEST_F(ExchangeFailure, a_write_that_fails_half_way_is_a_failure) {
-  ScriptedServer server{Script()};
+  ScriptedServer server{ServerScript()};
   SystemCalls calls;
   calls.shorten("write", 20).fail("write", ECONNRESET);
   EXPECT_EQ(send_in_silence(server.port()), failure());
@@ -180,7 +180,7 @@ class PipeSignal : public ExchangeFailure {
   }
 
   static void send_to_a_peer_that_has_closed() {
-    ScriptedServer server(Script().close());
+    ScriptedServer server(ServerScript().close());
     SystemCalls calls;
     calls.pass_then("connect", [&] { server.received(); }).shorten("write", 1);
     EXPECT_EQ(send(server.port()), failure());
@@ -243,7 +243,7 @@ TEST_F(PipeSignal, ends_no_process_that_has_no_handler) {
 
 TEST_F(ExchangeFailure, a_failed_first_read_is_a_failure) {
   for (const int error : {ECONNRESET, EAGAIN, ETIMEDOUT, ENOTCONN}) {
-    ScriptedServer server{Script()};
+    ScriptedServer server{ServerScript()};
     SystemCalls calls;
     calls.fail("recv", error);
     EXPECT_EQ(send_in_silence(server.port()), failure());
@@ -260,12 +260,12 @@ TEST_F(ExchangeFailure, an_interrupted_first_read_is_repeated) {
 }
 
 TEST_F(ExchangeFailure, a_peer_that_closes_unanswered_is_a_failure) {
-  ScriptedServer server(Script().read_request().close());
+  ScriptedServer server(ServerScript().read_request().close());
   EXPECT_EQ(send_in_silence(server.port()), failure());
 }
 
 TEST_F(ExchangeFailure, a_peer_that_resets_unanswered_is_a_failure) {
-  ScriptedServer server(Script().read_request().reset());
+  ScriptedServer server(ServerScript().read_request().reset());
   EXPECT_EQ(send_in_silence(server.port()), failure());
 }
 
@@ -309,13 +309,13 @@ TEST_F(ExchangeFailure, a_later_read_that_fails_gives_what_has_arrived) {
 
 TEST_F(ExchangeFailure, a_reset_half_way_gives_what_has_arrived) {
   ScriptedServer server(
-      Script().read_request().send(head("1000") + body(300)).pause(milliseconds(50)).reset());
+      ServerScript().read_request().send(head("1000") + body(300)).pause(milliseconds(50)).reset());
   EXPECT_EQ(send_and_expect(server.port(), read_error, log_with(body(300))), success(body(300)));
 }
 
 TEST_F(ExchangeFailure, a_peer_that_closes_half_way_gives_what_has_arrived) {
   for (const std::size_t sent : {10u, 700u, 2999u}) {
-    ScriptedServer server(Script().read_request().send(head("3000") + body(sent)).close());
+    ScriptedServer server(ServerScript().read_request().send(head("3000") + body(sent)).close());
     EXPECT_EQ(send_and_expect(server.port(), read_error, log_with(body(sent))),
               success(body(sent)));
   }
@@ -338,9 +338,9 @@ TEST_F(ExchangeFailure, an_interrupted_later_read_is_repeated) {
 
 TEST_F(ExchangeFailure, a_close_at_any_offset_of_an_answer_ends_the_exchange) {
   const std::string whole = exchange::answer(600);
-  std::vector<Script> scripts;
+  std::vector<ServerScript> scripts;
   for (std::size_t size = 0; size <= whole.size(); ++size)
-    scripts.push_back(Script().read_request().send(whole.substr(0, size)).close());
+    scripts.push_back(ServerScript().read_request().send(whole.substr(0, size)).close());
   ScriptedServer server(scripts);
   const CapturedOutput standard_error(stderr);
   const std::size_t label = whole.find("Content-Length:") + 15;

@@ -26,15 +26,15 @@ using exchange::refusal;
 using exchange::send;
 using exchange::success;
 using support::answer;
-using support::Script;
 using support::ScriptedServer;
+using support::ServerScript;
 using support::SystemCalls;
 using Strings = std::vector<std::string>;
 
 class Exchange : public exchange::Test {};
 
 // What a client gets that the server plays `script` to.
-Outcome after(Script script) {
+Outcome after(ServerScript script) {
   ScriptedServer server(std::move(script));
   Outcome outcome = send(server.port());
   EXPECT_TRUE(server.closed_by_clients());
@@ -277,7 +277,7 @@ TEST_F(Exchange, reads_ask_for_what_is_missing) {
 }
 
 TEST_F(Exchange, a_trickle_of_single_bytes_makes_a_whole_body) {
-  EXPECT_EQ(after(Script()
+  EXPECT_EQ(after(ServerScript()
                       .read_request()
                       .send(head("3000") + body(10))
                       .send_in_pieces(body(3000).substr(10), 1)),
@@ -286,7 +286,7 @@ TEST_F(Exchange, a_trickle_of_single_bytes_makes_a_whole_body) {
 
 TEST_F(Exchange, ten_megabytes_in_small_segments_make_a_whole_body) {
   const std::string text = body(10000000);
-  const Outcome outcome = after(Script()
+  const Outcome outcome = after(ServerScript()
                                     .read_request()
                                     .send(head("10000000") + text.substr(0, 1000))
                                     .send_in_pieces(text.substr(1000), 1448));

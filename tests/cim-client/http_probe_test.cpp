@@ -12,8 +12,8 @@
 namespace cli {
 namespace {
 
-using support::Script;
 using support::ScriptedServer;
+using support::ServerScript;
 
 HttpExchange exchange_with(const ScriptedServer& server,
                            std::chrono::milliseconds limit = std::chrono::seconds(10)) {
@@ -46,7 +46,7 @@ TEST(HttpProbe, the_request_is_framed_as_the_library_frames_it) {
 TEST(HttpProbe, head_and_body_sent_apart_did_not_come_together) {
   const std::string answer = answers::nothing();
   const std::size_t head = answer.find("<?xml");
-  ScriptedServer server(Script()
+  ScriptedServer server(ServerScript()
                             .read_request()
                             .send(answer.substr(0, head))
                             .pause(std::chrono::milliseconds(200))
@@ -64,14 +64,14 @@ TEST(HttpProbe, a_refused_connection_leaves_its_reason) {
 }
 
 TEST(HttpProbe, silence_ends_with_the_time) {
-  ScriptedServer server(Script().read_request().pause(std::chrono::seconds(2)));
+  ScriptedServer server(ServerScript().read_request().pause(std::chrono::seconds(2)));
   const HttpExchange exchange = exchange_with(server, std::chrono::milliseconds(200));
   EXPECT_TRUE(exchange.timed_out);
   EXPECT_EQ(exchange.answer, "");
 }
 
 TEST(HttpProbe, a_closed_connection_is_seen) {
-  ScriptedServer server(Script().read_request().close());
+  ScriptedServer server(ServerScript().read_request().close());
   const HttpExchange exchange = exchange_with(server);
   EXPECT_TRUE(exchange.closed);
   EXPECT_EQ(exchange.status(), 0);

@@ -10,8 +10,8 @@
 namespace cli {
 namespace {
 
-using support::Script;
 using support::ScriptedServer;
+using support::ServerScript;
 
 Session session_with(std::uint16_t port) {
   Target target;
@@ -85,7 +85,7 @@ TEST(Session, a_failed_connection_is_no_answer) {
 }
 
 TEST(Session, a_dropped_connection_is_no_answer_and_not_an_empty_result) {
-  ScriptedServer server(Script().read_request().close());
+  ScriptedServer server(ServerScript().read_request().close());
   const Failure failure = asking_fails(server);
   EXPECT_EQ(failure.status(), ExitStatus::NoAnswer);
   EXPECT_NE(std::string(failure.what()).find("without an answer"), std::string::npos);
@@ -124,7 +124,7 @@ TEST(Session, an_operation_without_result_succeeds_when_it_was_answered) {
 }
 
 TEST(Session, an_operation_without_result_fails_when_the_connection_was_dropped) {
-  ScriptedServer server(Script().read_request().close());
+  ScriptedServer server(ServerScript().read_request().close());
   Session session = session_with(server.port());
   EXPECT_EQ(failure_of([&session] { tell(session); }).status(), ExitStatus::NoAnswer);
 }
@@ -137,7 +137,8 @@ TEST(Session, an_operation_without_result_fails_with_its_error) {
 }
 
 TEST(Session, the_second_look_changes_nothing_at_the_object_manager) {
-  ScriptedServer server({Script().read_request().close(), support::answer(answers::nothing())});
+  ScriptedServer server(
+      {ServerScript().read_request().close(), support::answer(answers::nothing())});
   Session session = session_with(server.port());
   failure_of([&session] { tell(session); });
   const std::vector<std::string> received = server.received(2);

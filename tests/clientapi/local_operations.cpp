@@ -252,8 +252,8 @@ const std::vector<LocalOperation>& local_operations() {
   return operations;
 }
 
-Script rich_script() {
-  Script script;
+BrokerScript rich_script() {
+  BrokerScript script;
   sandbox_local::InstanceObject instance(link_path());
   instance.properties = rich_members();
   script.elements = {sandbox_local::instance(instance), sandbox_local::reference(link_path()),

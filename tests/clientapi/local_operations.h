@@ -62,6 +62,6 @@ const std::vector<LocalOperation>& local_operations();
 
 // A broker with everything that operations ask for: instances and paths with values of every
 // type, nulls, references, arrays and embedded instances.
-Script rich_script();
+BrokerScript rich_script();
 
 }  // namespace support

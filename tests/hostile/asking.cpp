@@ -64,7 +64,7 @@ Bounds::~Bounds() {
   }
 }
 
-std::string ask(const support::Script& script) {
+std::string ask(const support::ServerScript& script) {
   operations_test::ObjectManager object_manager(script);
   static const auto name = operations_test::class_name("CIM_Fan");
   const support::CapturedOutput output(stdout), errors(stderr);
@@ -78,7 +78,7 @@ std::string ask(const support::Script& script) {
 }
 
 std::string ask(const std::string& http) {
-  return ask(support::Script().read_request().send(http).close());
+  return ask(support::ServerScript().read_request().send(http).close());
 }
 
 std::string document(const std::string& content) {

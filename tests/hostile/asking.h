@@ -26,7 +26,7 @@ class Bounds {
 // What EnumerateInstances() gives: "null", or the number of instances, how many bytes the first
 // value of the first one has, and the Error: "2 instances", "1 instance, 4 bytes",
 // "null, error 401 Unauthorized User".
-std::string ask(const support::Script& script);
+std::string ask(const support::ServerScript& script);
 
 // The answer to one request, in one piece; the object manager closes then.
 std::string ask(const std::string& http);

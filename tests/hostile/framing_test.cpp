@@ -9,7 +9,7 @@
 namespace hostile {
 namespace {
 
-using support::Script;
+using support::ServerScript;
 
 // An answer that is too long for the first read alone.
 const std::string& long_document() {
@@ -69,7 +69,7 @@ TEST(HostilePieces, of_single_bytes_behind_the_beginning_make_a_whole_answer) {
   const Bounds bounds(60, 8);
   const std::string http = answer(long_document());
   const std::size_t first = http.find("<?xml") + 5;
-  EXPECT_EQ(ask(Script()
+  EXPECT_EQ(ask(ServerScript()
                     .read_request()
                     .send(http.substr(0, first))
                     .pause(std::chrono::milliseconds(50))
@@ -81,7 +81,7 @@ TEST(HostilePieces, that_begin_with_part_of_the_head_give_nothing) {
   const Bounds bounds(60, 8);
   const std::string http = answer(long_document());
   for (const std::size_t first : {1U, 9U, 20U, 60U})
-    EXPECT_EQ(ask(Script()
+    EXPECT_EQ(ask(ServerScript()
                       .read_request()
                       .send(http.substr(0, first))
                       .pause(std::chrono::milliseconds(20))
@@ -105,7 +105,8 @@ TEST(HostileEnd, a_reset_at_any_offset_gives_nothing_or_the_whole) {
   const Bounds bounds(120, 16);
   const std::string http = answer(document(instance_with("x")));
   for (std::size_t offset = 0; offset <= http.size(); ++offset) {
-    const std::string given = ask(Script().read_request().send(http.substr(0, offset)).reset());
+    const std::string given =
+        ask(ServerScript().read_request().send(http.substr(0, offset)).reset());
     if (offset < http.size()) {
       ASSERT_EQ(given, "null") << offset;
     } else {
@@ -116,9 +117,10 @@ TEST(HostileEnd, a_reset_at_any_offset_gives_nothing_or_the_whole) {
 
 TEST(HostileEnd, before_the_request_is_read_gives_nothing) {
   const Bounds bounds(20, 8);
-  EXPECT_EQ(ask(Script().close()), "null");
-  EXPECT_EQ(ask(Script().reset()), "null");
-  EXPECT_EQ(ask(Script().send(answer(long_document())).reset()).find("error"), std::string::npos);
+  EXPECT_EQ(ask(ServerScript().close()), "null");
+  EXPECT_EQ(ask(ServerScript().reset()), "null");
+  EXPECT_EQ(ask(ServerScript().send(answer(long_document())).reset()).find("error"),
+            std::string::npos);
 }
 
 // ---- 401 ----

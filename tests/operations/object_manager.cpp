@@ -50,9 +50,10 @@ std::string http_refusal() {
 
 ObjectManager::ObjectManager(const std::string& http) : ObjectManager(support::answer(http)) {}
 
-ObjectManager::ObjectManager(const support::Script& script) : ObjectManager(std::vector{script}) {}
+ObjectManager::ObjectManager(const support::ServerScript& script)
+    : ObjectManager(std::vector{script}) {}
 
-ObjectManager::ObjectManager(std::vector<support::Script> scripts)
+ObjectManager::ObjectManager(std::vector<support::ServerScript> scripts)
     : server_(std::move(scripts)),
       handle_(client_Configuration(server_.host(), server_.port(), "root/cimv2", 1000, "user",
                                    "secret")) {

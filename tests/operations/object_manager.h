@@ -35,9 +35,9 @@ class ObjectManager {
   // Gives the same answer, in one piece, to every request.
   explicit ObjectManager(const std::string& http);
   // Plays `script` on every connection.
-  explicit ObjectManager(const support::Script& script);
+  explicit ObjectManager(const support::ServerScript& script);
   // Plays one script per connection, in turn.
-  explicit ObjectManager(std::vector<support::Script> scripts);
+  explicit ObjectManager(std::vector<support::ServerScript> scripts);
   ObjectManager(const ObjectManager&) = delete;
   ObjectManager& operator=(const ObjectManager&) = delete;
   ~ObjectManager();

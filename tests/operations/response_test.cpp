@@ -15,7 +15,7 @@ namespace operations_test {
 namespace {
 
 using support::CapturedOutput;
-using support::Script;
+using support::ServerScript;
 
 class Response : public testing::TestWithParam<Operation> {
  protected:
@@ -41,7 +41,7 @@ class Response : public testing::TestWithParam<Operation> {
   std::string outcome_of(const std::string& http) const {
     return outcome(ObjectManager(http).handle());
   }
-  std::string outcome_of(const Script& script) const {
+  std::string outcome_of(const ServerScript& script) const {
     return outcome(ObjectManager(script).handle());
   }
 
@@ -102,7 +102,7 @@ TEST_P(Response, a_null_host_gives_nothing) {
 }
 
 TEST_P(Response, a_connection_closed_without_an_answer_gives_nothing) {
-  EXPECT_EQ(outcome_of(Script().read_request().close()), nothing());
+  EXPECT_EQ(outcome_of(ServerScript().read_request().close()), nothing());
 }
 
 TEST_P(Response, an_answer_without_content_length_gives_nothing) {
@@ -196,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(EveryOperation, Response, testing::ValuesIn(every_opera
 TEST(TenThousandExchanges, leave_no_descriptor_open_and_no_memory_behind) {
   constexpr std::size_t rounds = 134;  // of every operation with every answer
   const auto& operations = every_operation();
-  std::vector<Script> scripts;
+  std::vector<ServerScript> scripts;
   for (const Operation& operation : operations)
     for (const std::string& http :
          {http_answer(operation.answer), http_answer(operation.error_answer), http_refusal(),

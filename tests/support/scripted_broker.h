@@ -14,7 +14,7 @@
 namespace support {
 
 // What the broker answers to whatever it is asked next.
-struct Script {
+struct BrokerScript {
   bool connects = true;
   std::set<std::string, std::less<>> refused;  // kinds of objects and names of calls
   int code = 0;                                // CIM status code
@@ -37,7 +37,7 @@ class ScriptedBroker {
   // Fails the test when an object was released twice or is still live.
   ~ScriptedBroker();
 
-  Script script;
+  BrokerScript script;
 
   // Every call with its arguments, in order.
   const std::vector<std::string>& calls() const { return calls_; }

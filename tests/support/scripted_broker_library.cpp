@@ -8,8 +8,8 @@ namespace support {
 
 TraceWords trace_words() { return {&_sfcb_trace_mask, &_sfcb_debug}; }
 
-Script*& current_script() {
-  static Script* script = nullptr;
+BrokerScript*& current_script() {
+  static BrokerScript* script = nullptr;
   return script;
 }
 

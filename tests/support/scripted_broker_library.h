@@ -6,7 +6,7 @@
 namespace support {
 
 // The script of the running test; null between tests.
-Script*& current_script();
+BrokerScript*& current_script();
 
 // The words that switch the library's trace on, as a client finds them.
 struct TraceWords {

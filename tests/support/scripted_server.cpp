@@ -60,18 +60,22 @@ std::size_t request_size(std::string_view text) {
 
 }  // namespace
 
-Script& Script::read_request() { return steps_.emplace_back(ReadRequest{}), *this; }
-Script& Script::send(std::string bytes) { return send_in_pieces(std::move(bytes), SIZE_MAX); }
-Script& Script::send_in_pieces(std::string bytes, std::size_t size) {
+ServerScript& ServerScript::read_request() { return steps_.emplace_back(ReadRequest{}), *this; }
+ServerScript& ServerScript::send(std::string bytes) {
+  return send_in_pieces(std::move(bytes), SIZE_MAX);
+}
+ServerScript& ServerScript::send_in_pieces(std::string bytes, std::size_t size) {
   return steps_.emplace_back(Send{std::move(bytes), size}), *this;
 }
-Script& Script::pause(std::chrono::milliseconds time) {
+ServerScript& ServerScript::pause(std::chrono::milliseconds time) {
   return steps_.emplace_back(Pause{time}), *this;
 }
-Script& Script::close() { return steps_.emplace_back(Close{false}), *this; }
-Script& Script::reset() { return steps_.emplace_back(Close{true}), *this; }
+ServerScript& ServerScript::close() { return steps_.emplace_back(Close{false}), *this; }
+ServerScript& ServerScript::reset() { return steps_.emplace_back(Close{true}), *this; }
 
-Script answer(std::string bytes) { return Script().read_request().send(std::move(bytes)); }
+ServerScript answer(std::string bytes) {
+  return ServerScript().read_request().send(std::move(bytes));
+}
 
 // Plays one script on one connection.
 class ScriptedServer::Player {
@@ -86,12 +90,12 @@ class ScriptedServer::Player {
     if (connection_ >= 0) ::close(connection_);
   }
 
-  void play(const Script& script) {
-    for (const Script::Step& step : script.steps()) {
-      std::visit(Overloaded{[&](const Script::ReadRequest&) { read_request(); },
-                            [&](const Script::Send& send) { write_pieces(send); },
-                            [&](const Script::Pause& pause) { wait(pause.time); },
-                            [&](const Script::Close& close) { end(close.reset); }},
+  void play(const ServerScript& script) {
+    for (const ServerScript::Step& step : script.steps()) {
+      std::visit(Overloaded{[&](const ServerScript::ReadRequest&) { read_request(); },
+                            [&](const ServerScript::Send& send) { write_pieces(send); },
+                            [&](const ServerScript::Pause& pause) { wait(pause.time); },
+                            [&](const ServerScript::Close& close) { end(close.reset); }},
                  step);
       if (connection_ < 0) return;
     }
@@ -124,7 +128,7 @@ class ScriptedServer::Player {
     }
   }
 
-  void write_pieces(const Script::Send& send) const {
+  void write_pieces(const ServerScript::Send& send) const {
     std::size_t at = 0;
     while (at < send.bytes.size()) {
       const std::size_t size = std::min(send.piece, send.bytes.size() - at);
@@ -152,7 +156,7 @@ class ScriptedServer::Player {
   bool closed_by_client_ = false;
 };
 
-ScriptedServer::ScriptedServer(std::vector<Script> scripts)
+ScriptedServer::ScriptedServer(std::vector<ServerScript> scripts)
     : scripts_(std::move(scripts)),
       listener_(listen_on_loopback(&port_)),
       stop_(eventfd(0, EFD_CLOEXEC)),

@@ -15,19 +15,19 @@ namespace support {
 
 // What the server does on one connection, step by step.  Behind the last step it waits for the
 // client to close, and closes.
-class Script {
+class ServerScript {
  public:
   // Reads one request: up to the empty line, then as many bytes as its Content-Length says.
-  Script& read_request();
+  ServerScript& read_request();
   // Writes bytes in one piece, which the client's first read finds together.
-  Script& send(std::string bytes);
+  ServerScript& send(std::string bytes);
   // Writes bytes in pieces of `size`, each a segment of its own.
-  Script& send_in_pieces(std::string bytes, std::size_t size);
-  Script& pause(std::chrono::milliseconds time);
+  ServerScript& send_in_pieces(std::string bytes, std::size_t size);
+  ServerScript& pause(std::chrono::milliseconds time);
   // Closes; unread bytes of the client make that a reset.
-  Script& close();
+  ServerScript& close();
   // Closes with a reset.
-  Script& reset();
+  ServerScript& reset();
 
   struct ReadRequest {};
   struct Send {
@@ -48,13 +48,13 @@ class Script {
 };
 
 // The most common script: reads the request and answers it in one piece.
-Script answer(std::string bytes);
+ServerScript answer(std::string bytes);
 
 class ScriptedServer {
  public:
   // Plays one script per connection, in turn; the last one again for every further connection.
-  explicit ScriptedServer(std::vector<Script> scripts);
-  explicit ScriptedServer(Script script) : ScriptedServer(std::vector{std::move(script)}) {}
+  explicit ScriptedServer(std::vector<ServerScript> scripts);
+  explicit ScriptedServer(ServerScript script) : ScriptedServer(std::vector{std::move(script)}) {}
   ScriptedServer(const ScriptedServer&) = delete;
   ScriptedServer& operator=(const ScriptedServer&) = delete;
   ~ScriptedServer();
@@ -75,7 +75,7 @@ class ScriptedServer {
   void run();
   void wait_for(std::unique_lock<std::mutex>& lock, std::size_t connections);
 
-  std::vector<Script> scripts_;
+  std::vector<ServerScript> scripts_;
   std::uint16_t port_ = 0;
   int listener_;
   int stop_;  // readable when the server ends

@@ -45,8 +45,8 @@ using operations_test::http_answer;
 using operations_test::http_refusal;
 using operations_test::Operation;
 using operations_test::OwnedError;
-using support::Script;
 using support::ScriptedServer;
+using support::ServerScript;
 
 struct ReleasesHandle {
   void operator()(Handle* handle) const { Free_client_Configuration(handle); }
@@ -92,7 +92,7 @@ TEST_P(SaidSecrets, are_none_whatever_the_answer) {
   for (const std::string& answer :
        {whole, http_answer(GetParam().error_answer), http_answer(GetParam().empty_answer),
         http_refusal(), whole.substr(0, 60), whole.substr(0, whole.size() / 2), std::string()}) {
-    ScriptedServer server(Script().read_request().send(answer).close());
+    ScriptedServer server(ServerScript().read_request().send(answer).close());
     const std::string text = said(server.port());
     EXPECT_NE(text.find("<MESSAGE"), std::string::npos);  // the request was logged and traced
     expect_no_secrets(text);
