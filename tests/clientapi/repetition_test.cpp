@@ -1,12 +1,12 @@
 // Local operations repeated ten thousand times leave memory, descriptors and the broker as they
 // were.
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include "clientapi/local_operations.h"
 #include "clientapi/local_records.h"
 #include "support/allocations.h"
 #include "support/captured_output.h"
+#include "support/footprint.h"
 #include "support/open_descriptors.h"
 #include "support/scale.h"
 
@@ -33,9 +33,6 @@ class LocalRepetition : public testing::TestWithParam<LocalOperation> {
     GetParam().call(&error, given_name_space);
     Free_Error(error);
   }
-
-  // Bytes that libc has given away, those that it keeps at hand for the thread included.
-  static long bytes_in_use() { return static_cast<long>(mallinfo2().uordblks); }
 
   static void repeat(const char* given_name_space = name_space) {
     for (int warm_up = 0; warm_up < 10; ++warm_up) call(given_name_space);

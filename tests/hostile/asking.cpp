@@ -5,38 +5,15 @@
 
 #include <cstdio>
 #include <cstring>
-#include <fstream>
 
 #include "cim_client.h"
 #include "operations/object_manager.h"
 #include "operations/records.h"
 #include "support/captured_output.h"
-
-// An emulator's own memory is part of the process's, as a sanitizer's is.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(CIM_CLIENT_EMULATED)
-#define IS_WATCHED 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define IS_WATCHED 1
-#endif
-#endif
-#ifndef IS_WATCHED
-#define IS_WATCHED 0
-#endif
+#include "support/footprint.h"
 
 namespace hostile {
 namespace {
-
-// KiB of the process at its peak since the last start_anew().
-std::size_t peak() {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);)
-    if (line.starts_with("VmHWM:")) return std::stoul(line.substr(6));
-  ADD_FAILURE() << "the peak of the memory cannot be read";
-  return 0;
-}
-
-void start_anew() { std::ofstream("/proc/self/clear_refs") << 5; }
 
 std::string tell(const NamedInstance* list) {
   if (!list) return "null";
@@ -52,15 +29,15 @@ std::string tell(const NamedInstance* list) {
 }  // namespace
 
 Bounds::Bounds(unsigned seconds, std::size_t mebibytes) {
-  start_anew();
-  limit_ = peak() + mebibytes * 1024;
-  alarm(IS_WATCHED ? 10 * seconds : seconds);
+  support::forget_peak();
+  limit_ = support::peak() + mebibytes * 1024;
+  alarm(support::is_watched() ? 10 * seconds : seconds);
 }
 
 Bounds::~Bounds() {
   alarm(0);
-  if (!IS_WATCHED) {
-    EXPECT_LE(peak(), limit_);
+  if (!support::is_watched()) {
+    EXPECT_LE(support::peak(), limit_);
   }
 }
 
