@@ -199,4 +199,36 @@ TEST(LocalKeys, a_reference_among_the_keys_of_a_path_comes_back_with_class_and_k
             "</KEYBINDING>");
 }
 
+TEST(LocalKeys, a_null_reference_among_the_keys_of_a_path_is_passed_over) {
+  ScriptedBroker broker;
+  sandbox_local::Path path("root/cimv2", "CIM_SystemDevice");
+  sandbox_local::member(path.keys, "GroupComponent") =
+      sandbox_local::null_of(sandbox_local::code::reference);
+  sandbox_local::member(path.keys, "Number") = uint32(5);
+  KeyBinding* keys = nullptr;
+  EXPECT_EQ(GetKeysFromObjectPath(static_cast<CIMCObjectPath*>(&path), &keys), 0);
+  EXPECT_EQ(taken(keys, Gen_KeyBinding, Free_KeyBinding),
+            "<KEYBINDING NAME=\"Number\"><KEYVALUE VALUETYPE = \"uint32\">5</KEYVALUE>"
+            "</KEYBINDING>");
+}
+
+TEST(LocalKeys, a_referenced_path_without_a_class_name_gives_no_keys_at_all) {
+  ScriptedBroker broker;
+  broker.script.refused = {"getClassName"};
+  sandbox_local::Path path("root/cimv2", "CIM_SystemDevice");
+  sandbox_local::member(path.keys, "Number") = uint32(5);
+  sandbox_local::member(path.keys, "GroupComponent") = sandbox_local::reference(fan_path());
+  KeyBinding* keys = nullptr;
+  EXPECT_EQ(GetKeyBindingValues(static_cast<CIMCObjectPath*>(&path), &keys), -1);
+  EXPECT_EQ(keys, nullptr);
+}
+
+TEST(LocalKeys, no_path_and_no_place_for_keys_fail) {
+  sandbox_local::Path path = fan_path();
+  KeyBinding* keys = nullptr;
+  EXPECT_EQ(GetKeyBindingValues(nullptr, &keys), -1);
+  EXPECT_EQ(GetKeyBindingValues(static_cast<CIMCObjectPath*>(&path), nullptr), -1);
+  EXPECT_EQ(keys, nullptr);
+}
+
 }  // namespace

@@ -113,6 +113,115 @@ TEST(LocalResults, a_reference_keeps_the_whole_namespace_in_one_segment) {
   Free_Instance(record);
 }
 
+// ---- Single objects ----
+
+sandbox_local::ClassObject fan_class() {
+  sandbox_local::ClassObject object("CIM_Fan");
+  sandbox_local::member(object.properties, "FromClass") = sandbox_local::text("c");
+  return object;
+}
+
+struct Lists {
+  Property* properties = nullptr;
+  PropertyArray* arrays = nullptr;
+  PropertyReference* references = nullptr;
+};
+
+int collect(void* instance, void* broker_class, Lists& lists) {
+  return GetInstanceProperties(instance, broker_class, &lists.properties, &lists.arrays,
+                               &lists.references);
+}
+
+TEST(LocalResults, properties_come_from_the_class_when_there_is_one) {
+  ScriptedBroker broker;
+  sandbox_local::InstanceObject object =
+      fan({{"FromInstance", sandbox_local::text("i")},
+           {"Levels", array_of(code::uint16, {uint16(1)})},
+           {"Antecedent", sandbox_local::reference(fan_path())}});
+  sandbox_local::ClassObject of_class = fan_class();
+  auto* instance = static_cast<sandbox_local::CIMCInstance*>(&object);
+  auto* broker_class = static_cast<sandbox_local::CIMCClass*>(&of_class);
+  Lists both;
+  EXPECT_EQ(collect(instance, broker_class, both), 0);
+  EXPECT_STREQ(both.properties->name, "FromClass");
+  EXPECT_EQ(both.properties->next, nullptr);
+  Free_Property(both.properties);
+  Lists one;
+  EXPECT_EQ(collect(instance, nullptr, one), 0);
+  EXPECT_STREQ(one.properties->name, "FromInstance");
+  EXPECT_STREQ(one.arrays->name, "Levels");
+  EXPECT_STREQ(one.references->name, "Antecedent");
+  Free_Property(one.properties);
+  Free_PropertyArray(one.arrays);
+  Free_PropertyReference(one.references);
+}
+
+TEST(LocalResults, a_property_that_cannot_be_read_gives_no_list_at_all) {
+  ScriptedBroker broker;
+  broker.script.refused = {"getClassName"};
+  sandbox_local::InstanceObject object =
+      fan({{"Speed", uint32(7)}, {"Antecedent", sandbox_local::reference(fan_path())}});
+  Lists lists;
+  EXPECT_EQ(collect(static_cast<sandbox_local::CIMCInstance*>(&object), nullptr, lists), -1);
+  EXPECT_EQ(lists.properties, nullptr);
+  EXPECT_EQ(lists.references, nullptr);
+}
+
+TEST(LocalResults, a_reference_to_a_path_without_keys_is_left_out) {
+  ScriptedBroker broker;
+  const sandbox_local::Path keyless("root/cimv2", "CIM_Chassis");
+  Instance* record =
+      mapped({{"Antecedent", sandbox_local::reference(keyless)}, {"Speed", uint32(7)}});
+  ASSERT_NE(record, nullptr);
+  EXPECT_STREQ(record->properties->name, "Speed");
+  Free_Instance(record);
+}
+
+TEST(LocalResults, an_instance_is_mapped_into_a_record_at_hand) {
+  ScriptedBroker broker;
+  sandbox_local::InstanceObject object = fan({{"Speed", uint32(7)}});
+  auto* record = static_cast<Instance*>(std::calloc(1, sizeof(Instance)));
+  EXPECT_EQ(mapGetInstance(record, static_cast<sandbox_local::CIMCInstance*>(&object)), 0);
+  EXPECT_EQ(taken(record, Gen_Instance, Free_Instance),
+            "<INSTANCE CLASSNAME=\"CIM_Fan\"><PROPERTY NAME=\"Speed\" TYPE=\"uint32\">"
+            "<VALUE>7</VALUE></PROPERTY></INSTANCE>");
+}
+
+TEST(LocalResults, an_instance_without_a_class_name_leaves_the_record_at_hand_alone) {
+  ScriptedBroker broker;
+  broker.script.refused = {"getClassName"};
+  sandbox_local::InstanceObject object = fan({{"Speed", uint32(7)}});
+  Instance record{};
+  EXPECT_EQ(mapGetInstance(&record, static_cast<sandbox_local::CIMCInstance*>(&object)), -1);
+  EXPECT_EQ(record.className, nullptr);
+  EXPECT_EQ(record.properties, nullptr);
+}
+
+TEST(LocalResults, a_class_is_mapped_with_its_name_and_properties) {
+  ScriptedBroker broker;
+  sandbox_local::ClassObject object = fan_class();
+  auto* record = static_cast<Class*>(std::calloc(1, sizeof(Class)));
+  EXPECT_EQ(mapGetClass(static_cast<sandbox_local::CIMCClass*>(&object), record), 0);
+  EXPECT_EQ(taken(record, Gen_Class, Free_Class),
+            "<CLASS NAME=\"CIM_Fan\"><PROPERTY NAME=\"FromClass\" TYPE=\"string\">"
+            "<VALUE>c</VALUE></PROPERTY></CLASS>");
+}
+
+TEST(LocalResults, elements_are_read_under_the_code_of_the_array_or_of_the_element) {
+  ScriptedBroker broker;
+  sandbox_local::ArrayObject object(0, code::uint16);
+  object.elements = {uint16(5), uint16(6)};
+  auto* array = static_cast<sandbox_local::CIMCArray*>(&object);
+  for (const std::uint32_t asked : {144U, 8336U}) {
+    Value* values = nullptr;
+    EXPECT_EQ(getPropertyArrayData(&values, asked, array), 0);
+    EXPECT_EQ(taken(values, Gen_Value, Free_Value), "<VALUE>5</VALUE><VALUE>6</VALUE>");
+  }
+  Value* values = nullptr;
+  EXPECT_EQ(getPropertyArrayData(&values, 8336, nullptr), -1);
+  EXPECT_EQ(getPropertyArrayData(nullptr, 8336, array), -1);
+}
+
 TEST(LocalResults, ten_thousand_instances_keep_their_order) {
   ScriptedBroker broker;
   broker.script.elements.emplace();

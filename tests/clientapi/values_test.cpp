@@ -74,6 +74,27 @@ TEST(LocalValues, a_null_object_is_not_followed) {
   EXPECT_EQ(value2Chars(code::string, &null, nullptr), 0);
 }
 
+TEST(LocalValues, no_value_has_no_text) {
+  char unset[] = "unset";
+  char* text = unset;
+  EXPECT_EQ(value2Chars(code::uint8, nullptr, &text), 0);
+  EXPECT_EQ(text, nullptr);
+}
+
+// Some brokers leave slots of a path's table empty.
+TEST(LocalValues, a_path_that_cannot_be_written_has_no_text) {
+  ScriptedBroker broker;
+  sandbox_local::Path path = fan_path();
+  sandbox_local::CIMCObjectPathFT without = *path.ft;
+  without.toString = nullptr;
+  path.ft = &without;
+  CIMCValue value{};
+  value.ref = &path;
+  char* text = nullptr;
+  EXPECT_EQ(value2Chars(code::reference, &value, &text), 0);
+  EXPECT_EQ(text, nullptr);
+}
+
 TEST(LocalValues, names_follow_the_low_16_bits_of_the_code) {
   const std::pair<std::uint32_t, const char*> names[] = {
       {2, "boolean"},  {128, "uint8"},    {144, "uint16"},    {160, "uint32"},

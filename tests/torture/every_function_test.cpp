@@ -34,8 +34,8 @@ std::multiset<std::string> exported_functions() {
   return names;
 }
 
-// The back end of a local broker: clientapi_memory_test starves its operations, and through them
-// what they consist of.
+// The back end of a local broker: clientapi_memory_test starves its operations, and what they
+// consist of.
 const std::multiset<std::string> of_the_local_broker = {
     "AddToAssociatorList",
     "AddToAssociatorNameList",
