@@ -30,7 +30,7 @@ if(CIM_CLIENT_LINT)
       --enable=warning,performance,portability --library=posix,googletest --inline-suppr
       --suppressions-list=${PROJECT_SOURCE_DIR}/.cppcheck-suppressions)
 
-  file(GLOB scripts run test release fuzz/run .ci/run packaging/*.sh)
+  file(GLOB scripts run test release coverage fuzz/run .ci/run packaging/*.sh)
   add_test(NAME shellcheck COMMAND ${CIM_CLIENT_shellcheck} ${scripts})
 
   set_tests_properties(clang_format clang_tidy cppcheck shellcheck PROPERTIES LABELS lint)
