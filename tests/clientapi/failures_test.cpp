@@ -172,6 +172,7 @@ TEST(LocalFailures, missing_arguments_ask_the_broker_nothing) {
   Instance* instance = nullptr;
   Class* found = nullptr;
   ObjectPath* paths = nullptr;
+  ObjectWithPath* objects = nullptr;
   const Named without_keys("CIM_Fan", {});
   const Named name("CIM_Fan");
   ClassName nameless{};
@@ -186,12 +187,37 @@ TEST(LocalFailures, missing_arguments_ask_the_broker_nothing) {
   EXPECT_EQ(CIMC_AssociatorNames(&paths, name.get, nullptr, nullptr, nullptr, nullptr, nullptr, "",
                                  "u", "p", &error, name_space),
             -1);
+  for (const InstanceName* incomplete : {static_cast<InstanceName*>(nullptr), without_keys.get})
+    EXPECT_EQ(CIMC_AssociatorNames(&paths, incomplete, "CIM_Fan", nullptr, nullptr, nullptr,
+                                   nullptr, "", "u", "p", &error, name_space),
+              -1);
+  ObjectName keyless{nullptr, without_keys.get};
+  for (const ObjectName* incomplete : {static_cast<ObjectName*>(nullptr), &keyless})
+    EXPECT_EQ(CIMC_References(&objects, incomplete, nullptr, nullptr, 0, 0, nullptr, name_space,
+                              "u", "p", &error),
+              0);
   EXPECT_EQ(CIMC_ReferenceNames(&paths, nullptr, nullptr, nullptr, name_space, "u", "p", &error),
             -1);
+  EXPECT_EQ(CIMC_CreateInstance(&names, nullptr, name_space, "u", "p", &error), -1);
   EXPECT_EQ(CIMC_CreateInstance(&names, &without_class, name_space, "u", "p", &error), -1);
+  EXPECT_EQ(CIMC_ModifyInstance(nullptr, nullptr, name_space, "u", "p", &error), -1);
   EXPECT_EQ(CIMC_ModifyInstance(&without_name, nullptr, name_space, "u", "p", &error), -1);
   EXPECT_EQ(CIMC_DeleteInstance(without_keys.get, name_space, "u", "p", &error), -1);
   EXPECT_FALSE(broker.was_asked("newObjectPath"));
+}
+
+TEST(LocalFailures, keys_that_cannot_be_added_leave_associators_unasked) {
+  ScriptedBroker broker;
+  broker.script.elements.emplace();
+  Error* error = nullptr;
+  ObjectPath* paths = nullptr;
+  const Named name("CIM_Fan");
+  Free_CIMName(name.get->keyBindings->name);
+  name.get->keyBindings->name = nullptr;
+  EXPECT_EQ(CIMC_AssociatorNames(&paths, name.get, "CIM_Fan", nullptr, nullptr, nullptr, nullptr,
+                                 "", "u", "p", &error, name_space),
+            -1);
+  EXPECT_FALSE(broker.was_asked("associatorNames"));
 }
 
 // Other operations connect before they look at what they were given.

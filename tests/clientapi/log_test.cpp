@@ -131,6 +131,24 @@ TEST(LocalLog, an_error_record_takes_any_code_and_text) {
   }
 }
 
+TEST(LocalLog, no_error_record_is_made_of_nothing) {
+  sandbox_local::Text message("x");
+  sandbox_local::Text empty("x");
+  empty.hdl = nullptr;
+  Error* error = nullptr;
+  EXPECT_EQ(log_err_msgs(5, nullptr, &error), -1);
+  EXPECT_EQ(log_err_msgs(5, static_cast<sandbox_local::CIMCString*>(&empty), &error), -1);
+  EXPECT_EQ(log_err_msgs(5, static_cast<sandbox_local::CIMCString*>(&message), nullptr), -1);
+  EXPECT_EQ(error, nullptr);
+}
+
+TEST(LocalLoader, an_environment_is_made_for_who_wants_no_code_and_no_message) {
+  ScriptedBroker broker;
+  auto* env = static_cast<sandbox_local::CIMCEnv*>(getCIMCEnv("SfcbLocal", 0, nullptr, nullptr));
+  ASSERT_NE(env, nullptr);
+  env->ft->release(env);
+}
+
 TEST(LocalLoader, the_library_is_opened_once_and_the_factory_called_each_time) {
   ScriptedBroker broker;
   Error* error = nullptr;

@@ -205,4 +205,85 @@ TEST(LocalProperties, a_reference_of_a_new_instance_becomes_a_path) {
   Free_PropertyReference(property);
 }
 
+// What is missing is reported, and nothing is set.
+TEST(LocalProperties, an_array_or_a_reference_needs_every_piece) {
+  ScriptedBroker broker;
+  Target target;
+  char text[] = "x";
+  Value textless{};
+  Value value{};
+  value.text = text;
+  ValueArray values{};
+  values.values = &textless;
+  PropertyArray array{};
+  const auto add_array = [&](const PropertyArray* given) {
+    return add_prop_array_to_create_inst_req(given, target.instance, target.env);
+  };
+  EXPECT_EQ(add_array(nullptr), -1);
+  EXPECT_EQ(add_array(&array), -1);  // without name
+  array.name = text;
+  EXPECT_EQ(add_array(&array), -1);  // without type
+  char type[] = "uint8";
+  array.type = type;
+  EXPECT_EQ(add_array(&array), -1);  // without array
+  array.valueArray = &values;
+  EXPECT_EQ(add_array(&array), -1);  // without a first text
+  values.values = &value;
+  broker.script.refused = {"array"};
+  EXPECT_EQ(add_array(&array), -1);
+
+  PropertyReference reference{};
+  const auto add_reference = [&](const PropertyReference* given) {
+    return add_prop_ref_to_create_inst_req("root/cimv2", given, target.instance, target.env);
+  };
+  EXPECT_EQ(add_reference(nullptr), -1);
+  EXPECT_EQ(add_reference(&reference), -1);  // without name
+  reference.name = text;
+  EXPECT_EQ(add_reference(&reference), -1);  // without reference
+  const Named chassis("CIM_Chassis", {{"Tag", "chassis1"}});
+  ValueReference named{};
+  named.instanceName = chassis.get;
+  reference.valueReference = &named;
+  broker.script.refused = {"object path"};
+  EXPECT_EQ(add_reference(&reference), -1);
+  EXPECT_TRUE(target.object.properties.empty());
+}
+
+TEST(LocalProperties, an_array_element_without_text_stays_null) {
+  ScriptedBroker broker;
+  Target target;
+  char text[] = "1";
+  char name[] = "A";
+  char type[] = "uint8";
+  Value second{};
+  Value first{};
+  first.text = text;
+  first.next = &second;
+  ValueArray values{};
+  values.values = &first;
+  PropertyArray array{};
+  array.name = name;
+  array.type = type;
+  array.valueArray = &values;
+  EXPECT_EQ(_add_property_array_to_req(&array, target.instance, target.env), 0);
+  EXPECT_EQ(describe(*sandbox_local::find(target.object.properties, "A")), "[uint8 1, null 128]");
+}
+
+TEST(LocalProperties, a_key_of_a_new_instance_needs_a_name) {
+  ScriptedBroker broker;
+  Target target;
+  const Property nameless{};
+  EXPECT_EQ(add_prop_to_create_inst_req(nullptr, nullptr, target.instance, target.env), -1);
+  EXPECT_EQ(add_prop_to_create_inst_req(&nameless, nullptr, target.instance, target.env), -1);
+}
+
+TEST(LocalProperties, no_instance_to_modify_sets_nothing_and_reports_success) {
+  ScriptedBroker broker;
+  Target target;
+  const NamedInstance named{};
+  EXPECT_EQ(add_value_to_mi_req(nullptr, target.instance, target.env), 0);
+  EXPECT_EQ(add_value_to_mi_req(&named, target.instance, target.env), 0);
+  EXPECT_TRUE(target.object.properties.empty());
+}
+
 }  // namespace
