@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <type_traits>
+#include <vector>
 
 #include "cim_client.h"
 #include "support/record_members.h"
@@ -60,22 +61,51 @@ R* grow(Input& input, int depth) {
   return record;
 }
 
+// The lists that writing takes out of an embedded instance, to be put back.
+struct Embedded {
+  Instance* instance;
+  Property* properties;
+  PropertyArray* arrays;
+};
+
+template <class R>
+void find_embedded(R* record, std::vector<Embedded>& found) {
+  if (!record) return;
+  if constexpr (std::is_same_v<R, Value>) {
+    if (Instance* instance = record->instance)
+      found.push_back({instance, instance->properties, instance->propertyArrays});
+  }
+  support::for_each_member(*record, [&]<class Member>(Member& member) {
+    if constexpr (std::is_pointer_v<Member> && !std::is_same_v<Member, char*>)
+      find_embedded(member, found);
+  });
+}
+
+// The text of a tree, which is released.
+char* write_and_release(CIM* tree) {
+  std::vector<Embedded> embedded;
+  find_embedded(tree, embedded);
+  char* text = nullptr;
+  if (Gen_CIM(tree, &text) != 0 || !text) std::abort();
+  for (const auto& [instance, properties, arrays] : embedded) {
+    instance->properties = properties;
+    instance->propertyArrays = arrays;
+  }
+  Free_CIM(tree);
+  return text;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Input input(data, size);
   CIM* tree = grow<CIM>(input, deepest);
   if (!tree) return 0;
-  char* text = nullptr;
-  if (Gen_CIM(tree, &text) != 0 || !text) std::abort();
-  Free_CIM(tree);
+  char* text = write_and_release(tree);
   tree = parseXML(text);
   std::free(text);
   if (!tree) return 0;
-  char* again = nullptr;
-  if (Gen_CIM(tree, &again) != 0 || !again) std::abort();
-  std::free(again);
-  Free_CIM(tree);
+  std::free(write_and_release(tree));
   parseXML("");
   return 0;
 }
