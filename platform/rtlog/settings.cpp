@@ -33,7 +33,8 @@ std::optional<std::size_t> file_size(std::string_view text) {
   return *count * unit;
 }
 
-// The part of `text` before and behind its first `count` bytes; substr() may throw.
+// The part of `text` before and behind its first `count` bytes.  substr() and what it serves may
+// throw.
 std::string_view front(std::string_view text, std::size_t count) {
   return {text.data(), std::min(count, text.size())};
 }
@@ -43,6 +44,10 @@ std::string_view behind(std::string_view text, std::size_t count) {
   return text;
 }
 
+bool begins_with(std::string_view text, std::string_view beginning) {
+  return front(text, beginning.size()) == beginning;
+}
+
 // `options` is what follows the path, from the first comma on.
 bool parse_file_options(std::string_view options, Settings& settings, Complaint& complaint) {
   constexpr std::string_view size = ",size=";
@@ -50,7 +55,7 @@ bool parse_file_options(std::string_view options, Settings& settings, Complaint&
   while (!options.empty()) {
     const std::string_view option = front(options, options.find(',', 1));
     options.remove_prefix(option.size());
-    if (option.starts_with(size)) {
+    if (begins_with(option, size)) {
       const std::string_view text = behind(option, size.size());
       const auto bytes = file_size(text);
       if (!bytes) {
@@ -58,7 +63,7 @@ bool parse_file_options(std::string_view options, Settings& settings, Complaint&
         return false;
       }
       settings.size = *bytes;
-    } else if (option.starts_with(keep)) {
+    } else if (begins_with(option, keep)) {
       const std::string_view text = behind(option, keep.size());
       const auto files = number(text);
       if (!files || *files > most_kept) {
@@ -89,7 +94,7 @@ bool parse_target(std::string_view text, Settings& settings, Complaint& complain
     settings.target = Target::Syslog;
     return true;
   }
-  if (!text.starts_with(file)) {
+  if (!begins_with(text, file)) {
     complaint = {"the target is stderr, syslog or file=PATH, not ", text};
     return false;
   }
