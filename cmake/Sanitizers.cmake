@@ -8,8 +8,11 @@ if(CIM_CLIENT_SANITIZE STREQUAL "thread")
   add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
   add_link_options(-fsanitize=thread)
 elseif(CIM_CLIENT_SANITIZE)
-  # The library has no run-time type information, which the check of virtual tables needs.
+  # The libraries have no run-time type information, which these checks need.
   set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    list(APPEND sanitizers -fno-sanitize=function)
+  endif()
   add_compile_options(${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(${sanitizers})
   # Tests are watched for wrong accesses only, which halves the time to compile them.
