@@ -232,6 +232,7 @@ TEST(SharedClients, let_threads_run_operations_at_the_same_time) {
   const Scene<SharedClient> scene(answer("EnumerateInstanceNames", names_of_two_fans));
   std::atomic<int> complete{0};
   std::vector<std::thread> threads;
+  threads.reserve(8);
   for (int i = 0; i < 8; ++i)
     threads.emplace_back([&] {
       for (int round = 0; round < 10; ++round) {

@@ -177,13 +177,14 @@ TEST(HostileBytes, that_are_not_http_give_nothing) {
   for (const std::string& bytes :
        {std::string(), std::string(1, '\0'), every_byte, std::string(100000, '\xff'),
         std::string(100000, '\0'), std::string("SSH-2.0-OpenSSH\r\n"),
-        std::string("\x15\x03\x01\x00\x02\x02\x46"), long_document()})
+        std::string("\x15\x03\x01\x00\x02\x02\x46", 7), long_document()})
     EXPECT_EQ(ask(bytes), "null");
 }
 
 // Nothing reads them: the connection is closed at once.
 TEST(HostileBytes, without_end_behind_the_answer_are_left) {
-  const std::string http = answer(long_document()) + std::string(50000000, ' ');
+  std::string http = answer(long_document());
+  http.resize(http.size() + 50'000'000, ' ');
   const Bounds bounds(60, 160);  // with three copies on the object manager's side
   EXPECT_EQ(ask(http), whole);
 }

@@ -9,8 +9,8 @@ namespace support {
 // takes thirty times as long, and a wrong access shows in the first thousand steps as well.
 inline int scaled(int count) {
   const char* scale = std::getenv("CIM_CLIENT_TEST_SCALE");
-  const int divisor = scale == nullptr ? 1 : std::atoi(scale);
-  return divisor > 1 ? count / divisor : count;
+  const long divisor = scale == nullptr ? 1 : std::strtol(scale, nullptr, 10);
+  return divisor > 1 ? static_cast<int>(count / divisor) : count;
 }
 
 }  // namespace support

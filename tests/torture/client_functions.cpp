@@ -92,7 +92,7 @@ void add_exchange_functions(std::vector<Function>& functions) {
       support::answer(operations_test::http_answer("<?xml version=\"1.0\"?><CIM/>")));
   functions.push_back(plain("CIMC_TcpConnect", [server] {
     const int descriptor = CIMC_TcpConnect("127.0.0.1", server->port());
-    const Outcome outcome = descriptor >= 0 ? "connected" : "failed";
+    Outcome outcome = descriptor >= 0 ? "connected" : "failed";
     close(descriptor);
     return outcome;
   }));
@@ -102,7 +102,7 @@ void add_exchange_functions(std::vector<Function>& functions) {
                              char* body = nullptr;
                              const int result = CIMSendRequest("<?xml?>", &body, "127.0.0.1",
                                                                server->port(), "u", "p", 0);
-                             const Outcome outcome =
+                             Outcome outcome =
                                  std::to_string(result) + " " + (body ? body : "null");
                              std::free(body);
                              return outcome;
@@ -115,7 +115,7 @@ void add_small_functions(std::vector<Function>& functions) {
                        .call =
                            [] {
                              ClassName* name = CIMC_CreateClassName("CIM_Fan");
-                             const Outcome outcome = name ? name->name : "null";
+                             Outcome outcome = name ? name->name : "null";
                              Free_ClassName(name);
                              return outcome;
                            },
@@ -124,7 +124,7 @@ void add_small_functions(std::vector<Function>& functions) {
                        .call =
                            [] {
                              ObjectName* name = CIMC_CreateObjectName("CIM_Fan", nullptr);
-                             const Outcome outcome = name ? name->className->name : "null";
+                             Outcome outcome = name ? name->className->name : "null";
                              Free_ObjectName(name);
                              return outcome;
                            },

@@ -60,7 +60,7 @@ Function writing(const char* name, int (*write)(R*, char**), int (*release)(R*),
                 R* record = make<R>();
                 char* output = nullptr;
                 const int result = write(record, &output);
-                const Outcome outcome = std::to_string(result) + " " + (output ? output : "");
+                Outcome outcome = std::to_string(result) + " " + (output ? output : "");
                 std::free(output);
                 release(record);
                 return outcome;

@@ -247,7 +247,7 @@ TEST_P(SecretsInMemory, go_with_the_message_and_the_handle) {
 }
 
 TEST(CountInMemory, sees_what_is_there) {
-  std::string text(core_encoded.length, '\0');
+  std::string text(decltype(core_encoded)::length, '\0');
   core_encoded.plain(text.data());
   EXPECT_EQ(count_in_memory(core_encoded), 1);
   explicit_bzero(text.data(), text.size());

@@ -26,6 +26,7 @@ int run_at_once(int count, const std::function<bool(int)>& work) {
   std::atomic<int> ready = 0;
   std::atomic<int> right = 0;
   std::vector<std::thread> workers;
+  workers.reserve(threads);
   for (int number = 0; number < threads; ++number)
     workers.emplace_back([&, number] {
       ++ready;
@@ -55,6 +56,7 @@ std::string written(R* record, int (*write)(R*, char**), int (*release)(R*)) {
 
 TEST(AtOnce, exchanges_with_one_object_manager_each) {
   std::vector<std::unique_ptr<support::ScriptedServer>> servers;
+  servers.reserve(threads);
   for (int number = 0; number < threads; ++number)
     servers.push_back(
         std::make_unique<support::ScriptedServer>(support::answer(operations_test::http_answer(
