@@ -335,6 +335,9 @@ TEST_F(LocalArguments, no_parameters_are_no_failure) {
 TEST_F(LocalArguments, a_parameter_without_a_type_is_taken_for_a_reference) {
   EXPECT_EQ(add_args_to_invoke_req(reference(nullptr).get(), name_space, args_, env_), 0);
   EXPECT_EQ(add_args_to_invoke_req(parameter(nullptr, "1").get(), name_space, args_, env_), 0);
+  const Parameter nameless = parameter("uint8", "1");
+  take_name_away(*nameless);
+  EXPECT_EQ(add_args_to_invoke_req(nameless.get(), name_space, args_, env_), 0);
   EXPECT_EQ(added(), Texts{chassis});
 }
 

@@ -231,4 +231,61 @@ TEST(LocalKeys, no_path_and_no_place_for_keys_fail) {
   EXPECT_EQ(keys, nullptr);
 }
 
+// Brokers in the field leave slots of a path's table empty, or hand out paths that have gone.
+TEST(LocalKeys, a_path_that_cannot_tell_its_class_gives_no_name) {
+  sandbox_local::Path path = fan_path();
+  sandbox_local::CIMCObjectPathFT without = *path.ft;
+  without.getClassName = nullptr;
+  path.ft = &without;
+  InstanceName name{};
+  EXPECT_EQ(mapCreateinstance(static_cast<CIMCObjectPath*>(&path), &name), -1);
+  path.ft = nullptr;
+  EXPECT_EQ(mapCreateinstance(static_cast<CIMCObjectPath*>(&path), &name), -1);
+  EXPECT_EQ(name.className, nullptr);
+}
+
+TEST(LocalKeys, a_path_that_cannot_tell_its_namespace_is_root_and_nothing) {
+  ScriptedBroker broker;
+  sandbox_local::Path path = fan_path();
+  sandbox_local::CIMCObjectPathFT without = *path.ft;
+  without.getNameSpace = nullptr;
+  path.ft = &without;
+  sandbox_local::CIMCData data{};
+  data.type = sandbox_local::code::reference;
+  data.value.ref = &path;
+  ObjectPath record{};
+  EXPECT_EQ(mapAssociatorNames(&data, &record), 0);
+  const Namespace* segments = record.instancePath->namespacePath->localNamespacePath->namespaces;
+  EXPECT_STREQ(segments->name, "root");
+  EXPECT_STREQ(segments->next->name, "");
+  Free_InstancePath(record.instancePath);
+}
+
+TEST(LocalKeys, a_reference_to_an_empty_class_or_without_keys_adds_nothing) {
+  ScriptedBroker broker;
+  Target target;
+  KeyBinding* keys = reference_key("A");
+  LocalInstancePath* path = std::exchange(keys->valueReference->localInstancePath, nullptr);
+  const Named empty("", {{"Tag", "rack1"}});
+  keys->valueReference->instanceName = empty.get;
+  EXPECT_EQ(target.add(keys), 0);
+  const Named keyless("CIM_Rack", {});
+  keys->valueReference->instanceName = keyless.get;
+  EXPECT_EQ(target.add(keys), 0);
+  EXPECT_EQ(target.text(), "root/cimv2:CIM_Fan");
+  keys->valueReference->instanceName = nullptr;
+  keys->valueReference->localInstancePath = path;
+  Free_KeyBinding(keys);
+}
+
+TEST(LocalKeys, a_key_value_without_text_is_passed_over) {
+  ScriptedBroker broker;
+  Target target;
+  const Named name("CIM_Fan");
+  Free_PCData(name.get->keyBindings->keyValue->text);
+  name.get->keyBindings->keyValue->text = nullptr;
+  EXPECT_EQ(target.add(name.get->keyBindings), 0);
+  EXPECT_EQ(target.text(), "root/cimv2:CIM_Fan");
+}
+
 }  // namespace

@@ -113,4 +113,19 @@ TEST(LocalOutputs, nothing_to_read_and_no_place_to_store_fail) {
   EXPECT_EQ(mapToValueReferenceList(static_cast<sandbox_local::CIMCArray*>(&array), nullptr), -1);
 }
 
+TEST(LocalOutputs, an_array_of_booleans_is_a_string_array_without_texts) {
+  ScriptedBroker broker;
+  const Datum truth = number(code::boolean, &CIMCValue::boolean, sandbox_local::CIMCBoolean{1});
+  const Datum array = array_of(code::boolean, {truth, truth});
+  ParamValue record{};
+  EXPECT_EQ(CIMC_Handle_Invoke_ReturnValues(array.type, &array.value, "P", &record), 0);
+  EXPECT_STREQ(record.paramType, "string");
+  EXPECT_EQ(record.valueArray->values->text, nullptr);
+  EXPECT_EQ(record.valueArray->values->next->text, nullptr);
+  EXPECT_EQ(record.valueArray->values->next->next, nullptr);
+  Free_ValueArray(record.valueArray);
+  std::free(record.name);
+  std::free(record.paramType);
+}
+
 }  // namespace

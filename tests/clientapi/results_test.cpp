@@ -39,6 +39,20 @@ TEST(LocalResults, a_null_property_is_left_out) {
   Free_Instance(record);
 }
 
+// A broker may say that there is a value, and hand out none.
+TEST(LocalResults, a_null_array_or_reference_is_not_followed_whatever_its_state) {
+  ScriptedBroker broker;
+  sandbox_local::Datum array = sandbox_local::null_of(code::uint16 | code::array);
+  sandbox_local::Datum reference = sandbox_local::null_of(code::reference);
+  array.state = reference.state = sandbox_local::state_good;
+  Instance* record = mapped({{"A", array}, {"R", reference}, {"Speed", uint32(7)}});
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(record->propertyArrays, nullptr);
+  EXPECT_EQ(record->propertyReferences, nullptr);
+  EXPECT_STREQ(record->properties->name, "Speed");
+  Free_Instance(record);
+}
+
 TEST(LocalResults, a_value_of_no_known_type_has_no_text_and_an_empty_type_name) {
   ScriptedBroker broker;
   Instance* record = mapped({{"C", number(code::char16, &CIMCValue::char16, std::uint16_t{65})}});

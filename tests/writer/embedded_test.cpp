@@ -97,6 +97,16 @@ TEST(WriteEmbedded, array_without_type_has_no_opener_but_value_and_closer) {
             "</INSTANCE>]]></VALUE>");
 }
 
+TEST(WriteEmbedded, array_without_name_has_no_opener_but_value_and_closer) {
+  Value value{.text = text("17")};
+  ValueArray values{.values = &value};
+  PropertyArray array{.valueArray = &values, .type = text("uint8")};
+  Instance instance{.propertyArrays = &array};
+  EXPECT_EQ(embedded(&instance),
+            "<VALUE><![CDATA[\n<VALUE.ARRAY><VALUE>17</VALUE></VALUE.ARRAY></PROPERTY.ARRAY>"
+            "</INSTANCE>]]></VALUE>");
+}
+
 TEST(WriteEmbedded, of_an_array_only_the_first_value_is_written) {
   Value third_value{.text = text("3")};
   ValueArray second_array{.values = &third_value};
