@@ -7,20 +7,11 @@
 #include <vector>
 
 #include "cim_client.h"
+#include "walking.h"
 
 namespace bench {
 
-struct Block {
-  void* address;
-  std::size_t size;
-};
-
-// Every block of the list or of what an answer returns, each record before what it holds, with
-// the size that the allocator gave it: values have room behind their texts.
-std::vector<Block> blocks_of(const NamedInstance* list);
-std::vector<Block> blocks_of(const CIM* answer);
-
-// The allocations, copies and frees of such blocks, and nothing else.
+// The allocations, copies and frees of blocks of those sizes, and nothing else.
 class Replay {
  public:
   Replay() = default;
@@ -35,12 +26,5 @@ class Replay {
 
 void free_by_hand(NamedInstance* list);
 NamedInstance* copy_by_hand(const NamedInstance* list);
-
-// The number of blocks and bytes, and a checksum of all texts in their order.
-std::string digest_of(const NamedInstance* list);
-std::string digest_of(const CIM* answer);
-
-// The instances of an answer, or null.
-NamedInstance* instances_of(const CIM* answer);
 
 }  // namespace bench
