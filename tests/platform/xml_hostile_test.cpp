@@ -11,6 +11,7 @@
 #include <string>
 
 #include "platform/engines.h"
+#include "support/footprint.h"
 
 namespace {
 
@@ -41,12 +42,8 @@ std::string closed(const std::string& tag, const std::string& end_tag) {
 // Whether every access is watched, by valgrind or a sanitizer, or made by an emulator: that costs
 // more time and memory than the bounds allow.
 bool is_watched() {
-#if defined(__SANITIZE_ADDRESS__) || defined(CIM_CLIENT_EMULATED)
-  return true;
-#else
   const char* preloaded = std::getenv("LD_PRELOAD");
-  return preloaded && std::strstr(preloaded, "vgpreload");
-#endif
+  return support::is_watched() || (preloaded && std::strstr(preloaded, "vgpreload"));
 }
 
 struct Cost {
