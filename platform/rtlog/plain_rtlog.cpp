@@ -2,7 +2,6 @@
 #include <pthread.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdarg>
@@ -97,8 +96,7 @@ bool open_file(const rtlog::Settings& settings) {
 
 void open_log() {
   const rtlog::Undisturbed undisturbed;
-  // Null in programs with more rights than their caller.
-  const char* value = ::secure_getenv(rtlog::variable);
+  const char* value = rtlog::value_of_variable();
   if (!value) return;
   rtlog::Complaint complaint;
   const auto settings = rtlog::parse_settings(value, complaint);
@@ -113,11 +111,6 @@ void open_log() {
 }
 
 const char* text_of(const char* text) { return text ? text : "(null)"; }
-
-Level level_of(int number) {
-  constexpr int last = static_cast<int>(Level::Trace);
-  return static_cast<Level>(std::clamp(number, 0, last));
-}
 
 const char* name_of(Level level) {
   constexpr std::array names{"error", "warning", "info", "debug", "trace"};
@@ -167,7 +160,7 @@ void rt_log_init() {
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 void _rt_log(const char* sourceFile, int line, const char* module, const char* category, int level,
              const char* format, ...) {
-  if (!is_logging() || level_of(level) > current_log.level) return;
+  if (!is_logging() || rtlog::level_of(level) > current_log.level) return;
   const rtlog::Undisturbed undisturbed;
   const Text place("%s/%s %s:%d", text_of(module), text_of(category), text_of(sourceFile), line);
   va_list arguments;
@@ -176,6 +169,6 @@ void _rt_log(const char* sourceFile, int line, const char* module, const char* c
   va_end(arguments);
   if (!place || !message) return;
   ::pthread_mutex_lock(&current_log.mutex);
-  write(level_of(level), place, message);
+  write(rtlog::level_of(level), place, message);
   ::pthread_mutex_unlock(&current_log.mutex);
 }

@@ -1,7 +1,6 @@
 // The exported functions.
 #include "rtlog.h"
 
-#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdarg>
@@ -40,8 +39,7 @@ std::string text_of(const rtlog::Complaint& complaint) {
 }
 
 void open_log() {
-  // Null in programs with more rights than their caller.
-  const char* value = ::secure_getenv(rtlog::variable);
+  const char* value = rtlog::value_of_variable();
   if (!value) return;
   rtlog::Complaint complaint;
   const auto settings = rtlog::parse_settings(value, complaint);
@@ -68,11 +66,6 @@ void contain(Action action) {
 }
 
 const char* text_of(const char* text) { return text ? text : "(null)"; }
-
-Level level_of(int number) {
-  constexpr int last = static_cast<int>(Level::Trace);
-  return static_cast<Level>(std::clamp(number, 0, last));
-}
 
 spdlog::level::level_enum spdlog_level(Level level) {
   constexpr std::array levels{spdlog::level::err, spdlog::level::warn, spdlog::level::info,
@@ -104,7 +97,7 @@ void rt_log_init() {
 void _rt_log(const char* sourceFile, int line, const char* module, const char* category, int level,
              const char* format, ...) {
   const Log* log = current_log;
-  if (!log || level_of(level) > log->level) return;
+  if (!log || rtlog::level_of(level) > log->level) return;
 
   va_list to_measure;
   va_list to_write;
@@ -114,7 +107,7 @@ void _rt_log(const char* sourceFile, int line, const char* module, const char* c
     const std::string place = std::string(text_of(module)) + '/' + text_of(category) + ' ' +
                               text_of(sourceFile) + ':' + std::to_string(line);
     const std::string message = formatted(text_of(format), to_measure, to_write);
-    log->sink->log({spdlog::source_loc{}, place, spdlog_level(level_of(level)), message});
+    log->sink->log({spdlog::source_loc{}, place, spdlog_level(rtlog::level_of(level)), message});
     log->sink->flush();
   });
   va_end(to_write);

@@ -1,9 +1,10 @@
-// The grammar of the environment variable.
+// The environment variable and its grammar.
 #include "settings.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdlib>
 #include <utility>
 
 namespace rtlog {
@@ -125,6 +126,13 @@ bool parse_level(std::string_view text, Settings& settings, Complaint& complaint
 }
 
 }  // namespace
+
+const char* value_of_variable() { return ::secure_getenv(variable); }
+
+Level level_of(int number) {
+  constexpr int last = static_cast<int>(Level::Trace);
+  return static_cast<Level>(std::clamp(number, 0, last));
+}
 
 std::optional<Settings> parse_settings(std::string_view value, Complaint& complaint) {
   if (value.empty()) return Settings{};

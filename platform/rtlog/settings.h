@@ -9,8 +9,15 @@ namespace rtlog {
 
 inline constexpr const char* variable = "CIM_CLIENT_LOG";
 
+// The variable's value; null where it is not set, and in programs with more rights than their
+// caller.
+const char* value_of_variable();
+
 // The numbers that callers pass.
 enum class Level { Error, Warning, Info, Debug, Trace };
+
+// The nearest one, of any number.
+Level level_of(int number);
 
 enum class Target { Nowhere, StandardError, Syslog, File };
 
