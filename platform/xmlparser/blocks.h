@@ -69,6 +69,10 @@ inline const char* end_of_run(const char* p, const char* end, char last) {
 
 // ---- Names ----
 
+inline bool ends_ascii_name(char c) {
+  return static_cast<signed char>(c) <= ' ' || c == '=' || c == '>' || c == '/';
+}
+
 // Where a name may end that begins at `p`, in a text that ends at `end` with a NUL: before the
 // end, nothing follows in it that ends names in tags.  A byte beyond ASCII ends it, too.
 inline const char* end_of_ascii_name(const char* p, const char* end) {
@@ -80,7 +84,7 @@ inline const char* end_of_ascii_name(const char* p, const char* end) {
     p += length;
     if (length < sizeof(Block)) return p;
   }
-  while (static_cast<signed char>(*p) > ' ' && *p != '=' && *p != '>' && *p != '/') ++p;
+  while (!ends_ascii_name(*p)) ++p;
   return p;
 }
 

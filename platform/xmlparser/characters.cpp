@@ -93,18 +93,21 @@ bool is_in(const Range (&ranges)[count], std::uint32_t code) {
   return found != std::end(ranges) && found->first <= code;
 }
 
-bool is_ascii_letter(std::uint32_t code) {
-  return (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z');
+constexpr bool begins_name_in_ascii(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':';
+}
+
+constexpr bool continues_name_in_ascii(char c) {
+  return begins_name_in_ascii(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
 }
 
 bool begins_name(std::uint32_t code) {
-  return code < 0x80 ? is_ascii_letter(code) || code == '_' || code == ':' : is_in(letters, code);
+  return code < 0x80 ? begins_name_in_ascii(static_cast<char>(code)) : is_in(letters, code);
 }
 
 bool continues_name(std::uint32_t code) {
-  if (begins_name(code)) return true;
-  return code < 0x80 ? (code >= '0' && code <= '9') || code == '-' || code == '.'
-                     : is_in(others, code);
+  return code < 0x80 ? continues_name_in_ascii(static_cast<char>(code))
+                     : is_in(letters, code) || is_in(others, code);
 }
 
 struct Character {
@@ -158,6 +161,7 @@ const char* end_of_name(const char* p) {
   if (next.length == 0 || !begins_name(next.code)) return p;
   do {
     p += next.length;
+    while (continues_name_in_ascii(*p)) ++p;
     next = character_at(p);
   } while (next.length > 0 && continues_name(next.code));
   return p;

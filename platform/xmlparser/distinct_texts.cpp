@@ -3,19 +3,24 @@
 
 namespace xmlparser {
 
-NumberedText DistinctTexts::add(Arena& arena, const char* bytes, std::size_t length) {
-  NumberedText text{arena.copy(bytes, length), static_cast<std::uint32_t>(length), 0};
-  if (!text.text || count_ == most) return text;
-  const Fingerprint print = fingerprint_of(bytes, length);
+const NumberedText* DistinctTexts::add(Arena& arena, const char* bytes, std::size_t length) {
+  const char* kept = length < UINT32_MAX ? arena.copy(bytes, length) : nullptr;
+  if (!kept) return nullptr;
+  unnumbered_ = {kept, static_cast<std::uint32_t>(length), 0};
+  if (count_ == most_distinct_texts) return &unnumbered_;
+
+  const Ends ends = ends_of(bytes, length);
+  const std::size_t first = first_place(ends, length);
   for (std::size_t step = 0; step < longest_run; ++step) {
-    std::uint16_t& place = places_[(print.place + step) % places_.size()];
+    std::uint16_t& place = places_[(first + step) % places_.size()];
     if (place != 0) continue;
     place = ++count_;
-    text.number = place;
-    entries_[place - 1U] = {text, print.first, print.last};
-    break;
+    Entry& entry = entries_[place];
+    entry = {unnumbered_, ends};
+    entry.text.number = place;
+    return &entry.text;
   }
-  return text;
+  return &unnumbered_;
 }
 
 }  // namespace xmlparser

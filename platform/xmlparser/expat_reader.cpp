@@ -114,22 +114,23 @@ void on_attribute_declaration(void* user_data, const XML_Char*, const XML_Char*,
 
 // Expat may call handlers once more after the parser has been stopped.
 
-NumberedText name_of(Reading& reading, const XML_Char* text) {
+// Null when memory has run out.
+const NumberedText* name_of(Reading& reading, const XML_Char* text) {
   const std::size_t length = std::strlen(text);
   const NumberedText* known = reading.tree.find_name(text, length);
-  return known ? *known : reading.tree.add_name(text, length);
+  return known ? known : reading.tree.add_name(text, length);
 }
 
 bool open_element(Reading& reading, const XML_Char* text) {
   if (!reading.tree.end_text()) return false;
-  const NumberedText name = name_of(reading, text);
-  return name.text && reading.tree.open_element(name);
+  const NumberedText* name = name_of(reading, text);
+  return name && reading.tree.open_element(*name);
 }
 
 bool add_attribute(Reading& reading, const XML_Char* text, const XML_Char* value) {
-  const NumberedText name = name_of(reading, text);
-  return name.text && reading.tree.add_characters(value, std::strlen(value)) &&
-         reading.tree.add_attribute(name);
+  const NumberedText* name = name_of(reading, text);
+  return name && reading.tree.add_characters(value, std::strlen(value)) &&
+         reading.tree.add_attribute(*name);
 }
 
 void on_element(void* user_data, const XML_Char* name, const XML_Char** attributes) {

@@ -64,27 +64,34 @@ const char* Scanner::find(char wanted, const char* p) {
   return nullptr;
 }
 
-// A name that is known has been looked at before.
-inline const char* Scanner::name(const char* p, NumberedText& name) {
-  const char* end = end_of_ascii_name(p, end_);
-  if (end != p && !is_beyond_ascii(*end)) {
-    const NumberedText* known = tree_.find_name(p, static_cast<std::size_t>(end - p));
-    if (known) {
-      name = *known;
-      return end;
-    }
-  }
-  return new_name(p, name);
+// The name that begins at `p`; null when the document is not to be read any further.
+inline const NumberedText* Scanner::name(const char* p) {
+  const NumberedText* found = known_name(p);
+  if (!found) found = new_name(p);
+  if (found) tree_.name_came(*found);
+  return found;
 }
 
-const char* Scanner::new_name(const char* p, NumberedText& name) {
+// A name that is known has been looked at before.
+inline const NumberedText* Scanner::known_name(const char* p) {
+  const auto ends = [](char c) { return ends_ascii_name(c) && !is_beyond_ascii(c); };
+  const NumberedText* expected = tree_.find_expected_name(p, static_cast<std::size_t>(end_ - p));
+  if (expected && ends(p[expected->length])) return expected;
+  const char* end = end_of_ascii_name(p, end_);
+  return end == p || !ends(*end) ? nullptr : tree_.find_name(p, static_cast<std::size_t>(end - p));
+}
+
+const NumberedText* Scanner::new_name(const char* p) {
   const char* end = end_of_name(p);
-  if (end == p) return p == end_ ? fail(token_, unclosed_token) : fail(p, invalid_token);
+  if (end == p) {
+    fail(p == end_ ? token_ : p, p == end_ ? unclosed_token : invalid_token);
+    return nullptr;
+  }
   const auto length = static_cast<std::size_t>(end - p);
-  if (length > UINT32_MAX) return fail(p, "name too long");
-  const NumberedText* known = tree_.find_name(p, length);
-  name = known ? *known : tree_.add_name(p, length);
-  return name.text ? end : fail_for_memory();
+  const NumberedText* found = tree_.find_name(p, length);
+  if (!found) found = length < UINT32_MAX ? tree_.add_name(p, length) : nullptr;
+  if (!found) length < UINT32_MAX ? fail_for_memory() : fail(p, "name too long");
+  return found;
 }
 
 const char* Scanner::add(const char* bytes, std::size_t length, const char* next) {
@@ -95,17 +102,17 @@ const char* Scanner::add(const char* bytes, std::size_t length, const char* next
 
 const char* Scanner::root(const char* p) {
   if (p == end_) return fail(p, no_element);
-  token_ = p;
   if (*p != '<') return fail(p, invalid_token);
-  p = start_tag(p + 1);
-  while (p && tree_.inside_root()) {
+  if (p[1] == '/' || p[1] == '!' || p[1] == '?') return fail(p + 1, invalid_token);
+  for (;;) {
+    p = markup(p);
+    if (!p || !tree_.inside_root()) return p;
     p = content(p);
-    if (p) p = markup(p);
+    if (!p) return nullptr;
   }
-  return p;
 }
 
-const char* Scanner::markup(const char* p) {
+inline const char* Scanner::markup(const char* p) {
   token_ = p;
   switch (p[1]) {
     case '/':
@@ -121,19 +128,20 @@ const char* Scanner::markup(const char* p) {
   }
 }
 
-const char* Scanner::start_tag(const char* p) {
-  NumberedText element{};
+inline const char* Scanner::start_tag(const char* p) {
   if (!tree_.end_text()) return fail_for_memory();
-  p = name(p, element);
-  if (!p) return nullptr;
-  if (!tree_.open_element(element)) return fail_for_memory();
+  const NumberedText* element = name(p);
+  if (!element) return nullptr;
+  const std::size_t length = element->length;
+  p += length;
+  if (!tree_.open_element(*element)) return fail_for_memory();
 
   if (is_white(*p)) p = attributes(p);
   if (!p) return nullptr;
   if (*p == '>') {
     // Nothing has to be built of a deep document that cannot end well.
     constexpr std::size_t deep = 64 * 1024;
-    owed_ += element.length + std::string_view("</>").size();
+    owed_ += length + std::string_view("</>").size();
     if (owed_ > deep && owed_ > static_cast<std::size_t>(end_ - p)) return fail(end_, no_element);
     return p + 1;
   }
@@ -142,7 +150,7 @@ const char* Scanner::start_tag(const char* p) {
   return tree_.close_element() ? p + 2 : fail_for_memory();
 }
 
-const char* Scanner::attributes(const char* p) {
+inline const char* Scanner::attributes(const char* p) {
   ++tags_;
   unnumbered_ = 0;
   do {
@@ -153,29 +161,32 @@ const char* Scanner::attributes(const char* p) {
   return p && unnumbered_ > 1 ? check_unnumbered_attributes(p) : p;
 }
 
-const char* Scanner::attribute(const char* p) {
-  NumberedText attribute{};
-  const char* begin = p;
-  p = name(p, attribute);
-  if (!p) return nullptr;
-  if (!is_new_in_tag(attribute)) return fail(begin, duplicate_attribute);
+inline const char* Scanner::attribute(const char* p) {
+  const NumberedText* attribute = name(p);
+  if (!attribute) return nullptr;
+  if (!is_new_in_tag(*attribute)) return fail(p, duplicate_attribute);
 
-  p = skip_white(p);
+  p = skip_white(p + attribute->length);
   if (*p != '=') return p == end_ ? fail(token_, unclosed_token) : fail(p, invalid_token);
   p = skip_white(p + 1);
   if (*p != '"' && *p != '\'')
     return p == end_ ? fail(token_, unclosed_token) : fail(p, invalid_token);
   const char quote = *p++;
+  const NumberedText* expected = tree_.find_expected_value(p, static_cast<std::size_t>(end_ - p));
+  if (expected && p[expected->length] == quote)
+    return tree_.add_attribute(*attribute, *expected) ? p + expected->length + 1
+                                                      : fail_for_memory();
   const char* end = end_of_run(p, end_, quote);
   if (*end == quote)
-    return tree_.add_attribute(attribute, p, static_cast<std::size_t>(end - p)) ? end + 1
-                                                                                : fail_for_memory();
+    return tree_.add_attribute(*attribute, p, static_cast<std::size_t>(end - p))
+               ? end + 1
+               : fail_for_memory();
   p = data<Data::Value>(p, quote);
   if (!p) return nullptr;
-  return tree_.add_attribute(attribute) ? p + 1 : fail_for_memory();
+  return tree_.add_attribute(*attribute) ? p + 1 : fail_for_memory();
 }
 
-bool Scanner::is_new_in_tag(const NumberedText& name) {
+inline bool Scanner::is_new_in_tag(const NumberedText& name) {
   if (name.number == 0) {
     ++unnumbered_;
     return true;
@@ -199,11 +210,10 @@ const char* Scanner::check_unnumbered_attributes(const char* p) {
   return all_different ? p : fail(token_, duplicate_attribute);
 }
 
-const char* Scanner::end_tag(const char* p) {
-  const XmlNode& element = tree_.parent();
-  const std::size_t length = tree_.name_length(element);
-  if (static_cast<std::size_t>(end_ - p) <= length || std::memcmp(p, element.nodeName, length) != 0)
-    return wrong_end_tag(p);
+inline const char* Scanner::end_tag(const char* p) {
+  const auto left = static_cast<std::size_t>(end_ - p);
+  const std::size_t length = tree_.begins_with_name(tree_.parent(), p, left);
+  if (length == 0) return wrong_end_tag(p);
   const char* end = skip_white(p + length);
   if (*end != '>') return wrong_end_tag(p);
   owed_ -= length + std::string_view("</>").size();
@@ -228,15 +238,19 @@ const char* Scanner::cdata_section(const char* p) {
 // ---- Data ----
 
 // White space from `p` to `end` that is not data: a tag follows, and no other text.
-bool Scanner::is_layout(const char* p, const char* end) const {
+inline bool Scanner::is_layout(const char* p, const char* end) const {
   if (*end != '<' || end[1] == '!' || end[1] == '?' || !tree_.no_open_text()) return false;
   return p == end || end[1] != '/' || !tree_.nothing_inside_parent();
 }
 
-// Character data, to the markup after it.
-const char* Scanner::content(const char* p) {
+// Character data, to the markup after it.  Mostly it is all that its element holds.
+inline const char* Scanner::content(const char* p) {
   const char* end = skip_white(p);
-  return is_layout(p, end) ? end : data<Data::Content>(p, ']');
+  if (is_layout(p, end)) return end;
+  end = end_of_run(p, end_, ']');
+  if (*end == '<' && end[1] == '/' && tree_.nothing_inside_parent())
+    return tree_.add_only_text(p, static_cast<std::size_t>(end - p)) ? end : fail_for_memory();
+  return data<Data::Content>(p, ']');
 }
 
 // Adds characters to the open text.  Content ends before markup, a section at "]]>" and a value

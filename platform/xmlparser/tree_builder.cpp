@@ -31,33 +31,39 @@ void TreeBuilder::start() {
   parent_ = &document_->node;
 }
 
-NumberedText TreeBuilder::add_name(const char* bytes, std::size_t length) {
-  const NumberedText name = names_.add(arena_, bytes, length);
-  if (!name.text) fail();
+const NumberedText* TreeBuilder::add_name(const char* bytes, std::size_t length) {
+  const NumberedText* name = names_.add(arena_, bytes, length);
+  if (!name) fail();
   return name;
 }
 
-// Turns the open text into a node.
-bool TreeBuilder::add_text_node(int type, const NumberedText& name) {
-  const char* text = arena_.finish_text();
+// A `text` null means that memory has run out.
+inline bool TreeBuilder::add_text_node(int type, const NumberedText& name, const char* text) {
   XmlNode* node = text ? add_node(type, name) : nullptr;
   if (!node) return fail();
   node->nodeValue = text;
   return true;
 }
 
+bool TreeBuilder::add_only_text(const char* bytes, std::size_t length) {
+  return add_text_node(XML_TEXT, text_name, arena_.copy(bytes, length));
+}
+
 bool TreeBuilder::end_open_text() {
-  if (!all_white(arena_.text(), arena_.text_length())) return add_text_node(XML_TEXT, text_name);
+  if (!all_white(arena_.text(), arena_.text_length()))
+    return add_text_node(XML_TEXT, text_name, arena_.finish_text());
   arena_.drop_text();
   return true;
 }
 
 // What is all that an element holds is data even where it is white.
 bool TreeBuilder::end_last_text() {
-  return last_child_ ? end_open_text() : add_text_node(XML_TEXT, text_name);
+  return last_child_ ? end_open_text() : add_text_node(XML_TEXT, text_name, arena_.finish_text());
 }
 
-bool TreeBuilder::add_cdata_section() { return add_text_node(XML_CDATA_SECTION, cdata_name); }
+bool TreeBuilder::add_cdata_section() {
+  return add_text_node(XML_CDATA_SECTION, cdata_name, arena_.finish_text());
+}
 
 XmlDocument* TreeBuilder::take() {
   if (out_of_memory_) return nullptr;

@@ -25,16 +25,28 @@ class TreeBuilder {
  public:
   TreeBuilder() { start(); }
 
+  // The name that `bytes` begin with, when it is the one that comes next if the document goes on
+  // as it did before; else null.  `room` bytes may be read, the one after the name among them.
+  const NumberedText* find_expected_name(const char* bytes, std::size_t room) const {
+    return names_.find_at_beginning(order_of_names_.expected(), bytes, room);
+  }
+  void name_came(const NumberedText& name) { order_of_names_.came(name.number); }
+
   // A name of 1 byte or more that a node is to have; null when it is new.
   const NumberedText* find_name(const char* bytes, std::size_t length) const {
     return names_.find(bytes, length);
   }
-  // Keeps a new one; its text is null when memory has run out.  No text may be open.
-  NumberedText add_name(const char* bytes, std::size_t length);
+  // Keeps a new one until the next; null when memory has run out.  No text may be open.
+  const NumberedText* add_name(const char* bytes, std::size_t length);
 
-  // Of a node's name.
-  std::size_t name_length(const XmlNode& node) const {
-    return node.nodeNameId ? names_.length_of(node.nodeNameId) : std::strlen(node.nodeName);
+  // The length of the node's name, when `bytes` begin with it and go on after it; else 0.
+  std::size_t begins_with_name(const XmlNode& node, const char* bytes, std::size_t room) const {
+    if (node.nodeNameId) {
+      const NumberedText* name = names_.find_at_beginning(node.nodeNameId, bytes, room);
+      return name ? name->length : 0;
+    }
+    const std::size_t length = std::strlen(node.nodeName);
+    return length < room && std::memcmp(bytes, node.nodeName, length) == 0 ? length : 0;
   }
 
   // At an element or a CDATA section the text before it ends: white space is not data there but
@@ -59,6 +71,16 @@ class TreeBuilder {
     return add_attribute(name, kept_value(value, length));
   }
 
+  // The value that `bytes` begin with, as find_expected_name().  It has no quotes.
+  const NumberedText* find_expected_value(const char* bytes, std::size_t room) const {
+    const Succession& order = last_attribute_ ? order_in_tag_ : order_of_tags_;
+    return values_.find_at_beginning(order.expected(), bytes, room);
+  }
+  bool add_attribute(const NumberedText& name, const NumberedText& value) {
+    value_came(value.number);
+    return add_attribute(name, value.text);
+  }
+
   bool close_element() {
     if (arena_.text_length() > 0 && !end_last_text()) return false;
     last_child_ = parent_;
@@ -73,6 +95,9 @@ class TreeBuilder {
   // The same without a copy: where the next `length` bytes may be written, and how many were.
   char* room_for_characters(std::size_t length) { return arena_.room_for(length); }
   void characters_added(std::size_t length) { arena_.extend(length); }
+
+  // All that the open element holds, whose bytes are there already; nothing has been told of it.
+  bool add_only_text(const char* bytes, std::size_t length);
 
   // After end_text() and the section's characters.
   bool add_cdata_section();
@@ -106,8 +131,27 @@ class TreeBuilder {
     constexpr std::size_t longest_shared = 64;  // bytes
     if (length == 0) return "";
     if (length > longest_shared) return arena_.copy(value, length);
-    const NumberedText* known = values_.find(value, length);
-    return known ? known->text : values_.add(arena_, value, length).text;
+    const NumberedText* kept = values_.find(value, length);
+    if (!kept) {
+      if (has_quote(value, length)) return arena_.copy(value, length);
+      kept = values_.add(arena_, value, length);
+      if (!kept) return nullptr;
+    }
+    value_came(kept->number);
+    return kept->text;
+  }
+
+  static bool has_quote(const char* bytes, std::size_t length) {
+    return std::memchr(bytes, '"', length) || std::memchr(bytes, '\'', length);
+  }
+
+  void value_came(std::uint32_t number) {
+    if (last_attribute_) {
+      order_in_tag_.came(number);
+    } else {
+      order_of_tags_.came(number);
+      order_in_tag_.begins_with(number);
+    }
   }
 
   // Without a place in the tree; null when memory has run out.
@@ -134,7 +178,7 @@ class TreeBuilder {
     return node;
   }
 
-  bool add_text_node(int type, const NumberedText& name);
+  bool add_text_node(int type, const NumberedText& name, const char* text);
   bool end_open_text();
   bool end_last_text();
 
@@ -145,7 +189,10 @@ class TreeBuilder {
 
   Arena arena_;
   DistinctTexts names_;
-  DistinctTexts values_;  // of attributes
+  Succession order_of_names_;
+  DistinctTexts values_;      // of attributes
+  Succession order_of_tags_;  // of the values of tags' first attributes
+  Succession order_in_tag_;
   Document* document_ = nullptr;
   XmlNode* parent_ = nullptr;          // the innermost open element
   XmlNode* last_child_ = nullptr;      // of parent_

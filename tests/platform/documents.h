@@ -98,6 +98,26 @@ constexpr Accepted accepted[] = {
    R"(<a xml:space="preserve" xml:lang="en"> <b/></a>)",
    R"(a @xml:space="preserve" @xml:lang="en" {b})"},
 
+  // ---- What came before and does not come again: the scanner expects the names and values that
+  //      followed the last time
+  {"another_name_that_begins_like_the_one_before",
+   R"(<r><b c="1"/><b c="1"/><bb c="1"/><b cc="1"/><b c="1"/><a/></r>)",
+   R"(r {b @c="1" b @c="1" bb @c="1" b @cc="1" b @c="1" a})"},
+  {"another_name_that_the_one_before_begins_with",
+   R"(<r><bcdefghij/><bcdefghij/><bcdefghi/><bcd/><bcdefghij/></r>)",
+   "r {bcdefghij bcdefghij bcdefghi bcd bcdefghij}"},
+  {"a_name_that_goes_on_beyond_ascii",
+   "<r><b/><b/><b\xC3\xA9/><b \xC3\xA9='1'/></r>", "r {b b bé b @é=\"1\"}"},
+  {"another_value_that_begins_like_the_one_before",
+   R"(<r><b c="uint8"/><b c="uint8"/><b c="uint"/><b c="uint16"/><b c="uint8" d="uint8"/></r>)",
+   R"(r {b @c="uint8" b @c="uint8" b @c="uint" b @c="uint16" b @c="uint8" @d="uint8"})"},
+  {"values_that_differ_in_the_middle",
+   R"(<r><b c="MeasuredProperty1ofTheFan"/><b c="MeasuredProperty2ofTheFan"/><b c="MeasuredProperty1ofTheFan"/></r>)",
+   R"(r {b @c="MeasuredProperty1ofTheFan" b @c="MeasuredProperty2ofTheFan" b @c="MeasuredProperty1ofTheFan"})"},
+  {"the_same_value_in_other_quotes",
+   R"(<r><b c="it's"/><b c="it's"/><b c="1"/><b c='1'/><b c='"'/><b c="it's"/></r>)",
+   R"(r {b @c="it's" b @c="it's" b @c="1" b @c="1" b @c=""" b @c="it's"})"},
+
   // ---- Character data
   {"predefined_entities_make_no_node_of_their_own",
    "<a>1&lt;2&gt;3&amp;4&apos;5&quot;6</a>", "a {\"1<2>3&4'5\"6\"}"},
@@ -248,6 +268,10 @@ constexpr Refused malformed[] = {
   {"less_sign_in_a_value", R"(<a b="<"/>)"},
   {"bare_ampersand_in_a_value", R"(<a b="1&2"/>)"},
   {"value_not_finished", R"(<a b="1)"},
+  {"known_value_with_the_quote_that_ends_it", R"(<a><b c="it's"/><b c='it's'/></a>)"},
+  {"known_value_not_finished", R"(<a><b c="1"/><b c="1)"},
+  {"known_name_not_finished", "<a><b/><b"},
+  {"known_end_tag_not_finished", "<a><b></b></a"},
 
   // ---- Character data and references
   {"bare_ampersand", "<a>1 & 2</a>"},
