@@ -112,6 +112,9 @@ TEST(InvokeMethod, a_return_value_without_text_gives_minus_1) {
   EXPECT_EQ(returned("<RETURNVALUE><VALUE.REFERENCE><CLASSNAME NAME=\"C\"/></VALUE.REFERENCE>"
                      "</RETURNVALUE>"),
             -1);
+  EXPECT_EQ(returned("<RETURNVALUE><VALUE><![CDATA[<INSTANCE CLASSNAME=\"C\"></INSTANCE>]]></VALUE>"
+                     "</RETURNVALUE>"),
+            -1);
 }
 
 TEST(InvokeMethod, no_return_value_gives_minus_1) { EXPECT_EQ(returned(""), -1); }

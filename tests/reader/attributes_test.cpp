@@ -358,6 +358,19 @@ TEST(Attributes, the_text_of_a_flavor_is_not_read) {
   EXPECT_FALSE(qualifier->next->qualifierFlavor);
 }
 
+// Two attributes of one name are not well-formed; a device's own XML library may let them pass.
+TEST(Attributes, a_second_flavor_changes_nothing) {
+  support::Document nodes;
+  const XmlNode* node = nodes.element(
+      "QUALIFIER", {{"QUALIFIERFLAVOR", "a"}, {"QUALIFIERFLAVOR", "b"}}, {nodes.text("x")});
+  StackEntry entry{};
+  CreateQualifier(&entry, node, nullptr);
+  auto* qualifier = static_cast<Qualifier*>(entry.address);
+  ASSERT_TRUE(qualifier);
+  EXPECT_TRUE(qualifier->qualifierFlavor);
+  Free_Qualifier(qualifier);
+}
+
 TEST(Attributes, an_attribute_and_a_child_for_one_class_name_leave_the_child) {
   const Tree tree =
       read(answer(R"(<INSTANCENAME CLASSNAME="A"><CLASSNAME NAME="B"/></INSTANCENAME>)"));
