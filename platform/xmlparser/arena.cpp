@@ -47,7 +47,7 @@ bool Arena::add_chunk(std::size_t size) {
   if (whole < next_size_) whole = next_size_;
   auto* chunk = static_cast<Chunk*>(std::malloc(whole));
   if (!chunk) return false;
-  if (whole >= largest_regular_chunk) ask_for_large_pages(chunk, whole);
+  ask_for_large_pages(chunk, whole);
   chunk->previous = last_;
   last_ = chunk;
   cursor_ = contents(chunk);
