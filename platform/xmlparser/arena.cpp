@@ -52,7 +52,7 @@ bool Arena::add_chunk(std::size_t size) {
   last_ = chunk;
   cursor_ = contents(chunk);
   end_ = reinterpret_cast<char*>(chunk) + whole;
-  if (next_size_ < largest_regular_chunk) next_size_ *= 2;
+  if (next_size_ != small_chunk && next_size_ < largest_regular_chunk) next_size_ *= 2;
   return true;
 }
 

@@ -3,6 +3,7 @@
 #include "characters.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace xmlparser {
@@ -93,21 +94,25 @@ bool is_in(const Range (&ranges)[count], std::uint32_t code) {
   return found != std::end(ranges) && found->first <= code;
 }
 
-constexpr bool begins_name_in_ascii(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':';
+constexpr bool begins_name_in_ascii(std::uint32_t code) {
+  return (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z') || code == '_' || code == ':';
 }
 
-constexpr bool continues_name_in_ascii(char c) {
-  return begins_name_in_ascii(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
-}
+// By byte; beyond ASCII none.
+constexpr auto continues_name_in_ascii = [] {
+  std::array<bool, 256> continues{};
+  for (std::uint32_t code = 0; code < 0x80; ++code)
+    continues[code] =
+        begins_name_in_ascii(code) || (code >= '0' && code <= '9') || code == '-' || code == '.';
+  return continues;
+}();
 
 bool begins_name(std::uint32_t code) {
-  return code < 0x80 ? begins_name_in_ascii(static_cast<char>(code)) : is_in(letters, code);
+  return code < 0x80 ? begins_name_in_ascii(code) : is_in(letters, code);
 }
 
 bool continues_name(std::uint32_t code) {
-  return code < 0x80 ? continues_name_in_ascii(static_cast<char>(code))
-                     : is_in(letters, code) || is_in(others, code);
+  return code < 0x80 ? continues_name_in_ascii[code] : is_in(letters, code) || is_in(others, code);
 }
 
 struct Character {
@@ -161,7 +166,7 @@ const char* end_of_name(const char* p) {
   if (next.length == 0 || !begins_name(next.code)) return p;
   do {
     p += next.length;
-    while (continues_name_in_ascii(*p)) ++p;
+    while (continues_name_in_ascii[byte_at(p)]) ++p;
     next = character_at(p);
   } while (next.length > 0 && continues_name(next.code));
   return p;

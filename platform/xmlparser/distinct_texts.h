@@ -114,12 +114,13 @@ class DistinctTexts {
     return static_cast<std::size_t>(mixed >> 48U);
   }
 
+  // What is used of every document stands together: a small one touches few pages.
+  NumberedText unnumbered_{};
+  std::uint16_t count_ = 0;
   std::array<std::uint16_t, 2 * most_distinct_texts> places_{};  // numbers of texts; 0: free
 
   // By number.  The first is too long for every document.
   std::array<Entry, most_distinct_texts + 1> entries_;
-  std::uint16_t count_ = 0;
-  NumberedText unnumbered_{};
 };
 
 }  // namespace xmlparser

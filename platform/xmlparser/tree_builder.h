@@ -23,7 +23,8 @@ struct Document {
 // called.
 class TreeBuilder {
  public:
-  TreeBuilder() { start(); }
+  // `length`: bytes of the document's text.
+  explicit TreeBuilder(std::size_t length) : arena_(length) { start(); }
 
   // The name that `bytes` begin with, when it is the one that comes next if the document goes on
   // as it did before; else null.  `room` bytes may be read, the one after the name among them.
@@ -188,16 +189,16 @@ class TreeBuilder {
   }
 
   Arena arena_;
-  DistinctTexts names_;
-  Succession order_of_names_;
-  DistinctTexts values_;      // of attributes
-  Succession order_of_tags_;  // of the values of tags' first attributes
-  Succession order_in_tag_;
   Document* document_ = nullptr;
   XmlNode* parent_ = nullptr;          // the innermost open element
   XmlNode* last_child_ = nullptr;      // of parent_
   XmlNode* last_attribute_ = nullptr;  // of parent_
   bool out_of_memory_ = false;
+  Succession order_of_names_;
+  Succession order_of_tags_;  // of the values of tags' first attributes
+  Succession order_in_tag_;   // of the other values
+  DistinctTexts names_;
+  DistinctTexts values_;  // of attributes
 };
 
 void release(XmlDocument* document);

@@ -13,13 +13,12 @@ namespace xmlparser {
 namespace {
 
 #ifdef XMLPARSER_PREFERS_EXPAT
-bool read(const char* text, TreeBuilder& tree, ErrorText& error) {
-  return read_with_expat(text, std::strlen(text), tree, error);
+bool read(const char* text, std::size_t length, TreeBuilder& tree, ErrorText& error) {
+  return read_with_expat(text, length, tree, error);
 }
 #else
 // Expat, where it is built in, reads what the scanner leaves to others.
-bool read(const char* text, TreeBuilder& tree, ErrorText& error) {
-  const std::size_t length = std::strlen(text);
+bool read(const char* text, std::size_t length, TreeBuilder& tree, ErrorText& error) {
   const Scanned scanned = scan(text, length, tree, error);
 #ifdef XMLPARSER_HAS_EXPAT
   if (scanned == Scanned::NotMine) {
@@ -40,8 +39,9 @@ XmlDocument* parseText(XmlParseState* state, const char* text) {
     error.set("no text");
     return nullptr;
   }
-  xmlparser::TreeBuilder tree;
-  return xmlparser::read(text, tree, error) ? tree.take() : nullptr;
+  const std::size_t length = std::strlen(text);
+  xmlparser::TreeBuilder tree(length);
+  return xmlparser::read(text, length, tree, error) ? tree.take() : nullptr;
 }
 
 const char* getErrorText(const XmlParseState* state) { return xmlparser::error_text(state); }

@@ -78,8 +78,9 @@ Reading::~Reading() { freeXMLDoc(document_); }
 Reading scanned(const char* text) {
   XmlParseState state;
   xmlparser::ErrorText error(&state);
-  xmlparser::TreeBuilder tree;
-  const xmlparser::Scanned result = xmlparser::scan(text, std::strlen(text), tree, error);
+  const std::size_t length = std::strlen(text);
+  xmlparser::TreeBuilder tree(length);
+  const xmlparser::Scanned result = xmlparser::scan(text, length, tree, error);
   if (result == xmlparser::Scanned::Whole) return Reading(tree.take());
   std::string why = xmlparser::error_text(&state);
   const Left left = result == xmlparser::Scanned::NotMine ? left_by(why) : Left::Nothing;
@@ -89,8 +90,9 @@ Reading scanned(const char* text) {
 Reading read_by_expat(const char* text) {
   XmlParseState state;
   xmlparser::ErrorText error(&state);
-  xmlparser::TreeBuilder tree;
-  if (xmlparser::read_with_expat(text, std::strlen(text), tree, error)) return Reading(tree.take());
+  const std::size_t length = std::strlen(text);
+  xmlparser::TreeBuilder tree(length);
+  if (xmlparser::read_with_expat(text, length, tree, error)) return Reading(tree.take());
   return {Left::Nothing, xmlparser::error_text(&state)};
 }
 
