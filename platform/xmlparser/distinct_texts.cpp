@@ -3,6 +3,17 @@
 
 namespace xmlparser {
 
+const NumberedText* DistinctTexts::find(const char* bytes, std::size_t length) const {
+  const Ends ends = ends_of(bytes, length);
+  for (std::size_t place = first_place(ends, length), step = 0; step < longest_run; ++step) {
+    const std::uint16_t number = places_[(place + step) % places_.size()];
+    if (number == 0) return nullptr;
+    const Entry& entry = entries_[number];
+    if (entry.text.length == length && is_equal(entry, ends, bytes)) return &entry.text;
+  }
+  return nullptr;
+}
+
 const NumberedText* DistinctTexts::add(Arena& arena, const char* bytes, std::size_t length) {
   const char* kept = length < UINT32_MAX ? arena.copy(bytes, length) : nullptr;
   if (!kept) return nullptr;

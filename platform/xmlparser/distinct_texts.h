@@ -48,16 +48,7 @@ class DistinctTexts {
   DistinctTexts() { entries_[0].text.length = UINT32_MAX; }
 
   // Null when the text, of 1 byte or more, is not kept.
-  const NumberedText* find(const char* bytes, std::size_t length) const {
-    const Ends ends = ends_of(bytes, length);
-    for (std::size_t place = first_place(ends, length), step = 0; step < longest_run; ++step) {
-      const std::uint16_t number = places_[(place + step) % places_.size()];
-      if (number == 0) return nullptr;
-      const Entry& entry = entries_[number];
-      if (entry.text.length == length && is_equal(entry, ends, bytes)) return &entry.text;
-    }
-    return nullptr;
-  }
+  const NumberedText* find(const char* bytes, std::size_t length) const;
 
   // The text with that number, when `bytes`, of which `room` may be read, begin with it and go on
   // after it; else null, as for 0.

@@ -17,6 +17,10 @@ bool all_white(const char* bytes, std::size_t length) {
   return true;
 }
 
+bool has_quote(const char* bytes, std::size_t length) {
+  return std::memchr(bytes, '"', length) || std::memchr(bytes, '\'', length);
+}
+
 }  // namespace
 
 void TreeBuilder::start() {
@@ -35,6 +39,21 @@ const NumberedText* TreeBuilder::add_name(const char* bytes, std::size_t length)
   const NumberedText* name = names_.add(arena_, bytes, length);
   if (!name) fail();
   return name;
+}
+
+// Names and types are the values of most attributes: nodes share them.
+const char* TreeBuilder::kept_value(const char* value, std::size_t length) {
+  constexpr std::size_t longest_shared = 64;  // bytes
+  if (length == 0) return "";
+  if (length > longest_shared) return arena_.copy(value, length);
+  const NumberedText* kept = values_.find(value, length);
+  if (!kept) {
+    if (has_quote(value, length)) return arena_.copy(value, length);
+    kept = values_.add(arena_, value, length);
+    if (!kept) return nullptr;
+  }
+  value_came(kept->number);
+  return kept->text;
 }
 
 // A `text` null means that memory has run out.

@@ -127,24 +127,7 @@ class TreeBuilder {
     return true;
   }
 
-  // Names and types are the values of most attributes: nodes share them.
-  const char* kept_value(const char* value, std::size_t length) {
-    constexpr std::size_t longest_shared = 64;  // bytes
-    if (length == 0) return "";
-    if (length > longest_shared) return arena_.copy(value, length);
-    const NumberedText* kept = values_.find(value, length);
-    if (!kept) {
-      if (has_quote(value, length)) return arena_.copy(value, length);
-      kept = values_.add(arena_, value, length);
-      if (!kept) return nullptr;
-    }
-    value_came(kept->number);
-    return kept->text;
-  }
-
-  static bool has_quote(const char* bytes, std::size_t length) {
-    return std::memchr(bytes, '"', length) || std::memchr(bytes, '\'', length);
-  }
+  const char* kept_value(const char* value, std::size_t length);
 
   void value_came(std::uint32_t number) {
     if (last_attribute_) {
