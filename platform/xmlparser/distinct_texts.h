@@ -59,8 +59,8 @@ class DistinctTexts {
     return length < room && is_equal(entry, ends_of(bytes, length), bytes) ? &entry.text : nullptr;
   }
 
-  // Keeps a text that find() does not find, of 1 byte or more; null when memory runs out.  A text
-  // without a number stays where it is until the next one.
+  // Keeps a text that find() does not find, of 1 byte or more; null when memory runs out, or for
+  // 4 GiB and more.  A text without a number stays where it is until the next one.
   const NumberedText* add(Arena& arena, const char* bytes, std::size_t length);
 
  private:

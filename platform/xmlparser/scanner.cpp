@@ -88,9 +88,13 @@ const NumberedText* Scanner::new_name(const char* p) {
     return nullptr;
   }
   const auto length = static_cast<std::size_t>(end - p);
+  if (length >= UINT32_MAX) {
+    fail(p, "name too long");
+    return nullptr;
+  }
   const NumberedText* found = tree_.find_name(p, length);
-  if (!found) found = length < UINT32_MAX ? tree_.add_name(p, length) : nullptr;
-  if (!found) length < UINT32_MAX ? fail_for_memory() : fail(p, "name too long");
+  if (!found) found = tree_.add_name(p, length);
+  if (!found) fail_for_memory();
   return found;
 }
 
@@ -171,19 +175,24 @@ inline const char* Scanner::attribute(const char* p) {
   p = skip_white(p + 1);
   if (*p != '"' && *p != '\'')
     return p == end_ ? fail(token_, unclosed_token) : fail(p, invalid_token);
-  const char quote = *p++;
+  return value(p + 1, *p, *attribute);
+}
+
+// The value of `attribute`, to behind the quote that ends it.
+inline const char* Scanner::value(const char* p, char quote, const NumberedText& attribute) {
   const NumberedText* expected = tree_.find_expected_value(p, static_cast<std::size_t>(end_ - p));
   if (expected && p[expected->length] == quote)
-    return tree_.add_attribute(*attribute, *expected) ? p + expected->length + 1
-                                                      : fail_for_memory();
+    return tree_.add_attribute(attribute, *expected) ? p + expected->length + 1 : fail_for_memory();
   const char* end = end_of_run(p, end_, quote);
-  if (*end == quote)
-    return tree_.add_attribute(*attribute, p, static_cast<std::size_t>(end - p))
-               ? end + 1
-               : fail_for_memory();
-  p = data<Data::Value>(p, quote);
-  if (!p) return nullptr;
-  return tree_.add_attribute(*attribute) ? p + 1 : fail_for_memory();
+  bool added = false;
+  if (*end == quote) {
+    added = tree_.add_attribute(attribute, p, static_cast<std::size_t>(end - p));
+  } else {
+    end = data<Data::Value>(p, quote);
+    if (!end) return nullptr;
+    added = tree_.add_attribute(attribute);
+  }
+  return added ? end + 1 : fail_for_memory();
 }
 
 inline bool Scanner::is_new_in_tag(const NumberedText& name) {

@@ -77,6 +77,8 @@ class Scanner {
   [[gnu::always_inline]] const char* start_tag(const char* p);
   [[gnu::always_inline]] const char* attributes(const char* p);
   [[gnu::always_inline]] const char* attribute(const char* p);
+  [[gnu::always_inline]] const char* value(const char* p, char quote,
+                                           const NumberedText& attribute);
   [[gnu::always_inline]] const char* end_tag(const char* p);
   [[gnu::always_inline]] const char* content(const char* p);
   [[gnu::always_inline]] bool is_layout(const char* p, const char* end) const;

@@ -10,11 +10,6 @@
 
 namespace {
 
-using exchange::body;
-using exchange::failure;
-using exchange::send;
-using exchange::success;
-using support::answer;
 using support::ScriptedServer;
 using support::ServerScript;
 using support::SystemCalls;
@@ -54,7 +49,7 @@ class PipeSignal : public exchange::Test {
     ScriptedServer server(ServerScript().close());
     SystemCalls calls;
     calls.pass_then("connect", [&] { server.received(); }).shorten("write", 1);
-    EXPECT_EQ(send(server.port()), failure());
+    EXPECT_EQ(exchange::send(server.port()), exchange::failure());
     ASSERT_EQ(calls.made("write").size(), 2u);
     EXPECT_EQ(calls.made("write")[1].error, EPIPE);
   }
@@ -98,8 +93,8 @@ TEST_F(PipeSignal, one_that_the_application_ignores_stays_ignored) {
 }
 
 TEST_F(PipeSignal, is_deliverable_again_after_a_good_exchange) {
-  ScriptedServer server(answer(exchange::answer(100)));
-  EXPECT_EQ(send(server.port()), success(body(100)));
+  ScriptedServer server(support::answer(exchange::answer(100)));
+  EXPECT_EQ(exchange::send(server.port()), exchange::success(exchange::body(100)));
   EXPECT_FALSE(is_blocked());
   raise(SIGPIPE);
   EXPECT_EQ(pipe_signals, 1);

@@ -10,8 +10,6 @@ namespace {
 
 using support::written;
 
-const std::string no_answer = "HTTP/1.1 501 Not Implemented\r\n\r\n";
-
 // ---- Associators ----
 
 TEST(Associators, sends_every_parameter_in_its_order) {
@@ -23,22 +21,18 @@ TEST(Associators, sends_every_parameter_in_its_order) {
                        "Cooler", "Cooled", 0, 1, nullptr, nullptr);
   EXPECT_EQ(
       object_manager.request(),
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-      "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-      "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-      "<IMETHODCALL NAME=\"Associators\">"
-      "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-      "<IPARAMVALUE NAME=\"ObjectName\">"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"AssocClass\"><CLASSNAME NAME=\"CIM_Cooling\"/></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"ResultClass\"><CLASSNAME NAME=\"CIM_Case\"/></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"Role\"><VALUE>Cooler</VALUE></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"ResultRole\"><VALUE>Cooled</VALUE></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-      "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+      operation_request(
+          "Associators",
+          "<IPARAMVALUE NAME=\"ObjectName\">"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"AssocClass\"><CLASSNAME NAME=\"CIM_Cooling\"/></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"ResultClass\"><CLASSNAME NAME=\"CIM_Case\"/></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"Role\"><VALUE>Cooler</VALUE></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"ResultRole\"><VALUE>Cooled</VALUE></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>TRUE</VALUE></IPARAMVALUE>"));
 }
 
 // Object managers know the parameter as "ObjectName" only, and refuse this.
@@ -48,13 +42,9 @@ TEST(Associators, a_class_is_sent_as_class_name) {
   CIMC_XML_Associators(object_manager.handle(), object.get(), nullptr, nullptr, nullptr, nullptr, 2,
                        2, nullptr, nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"Associators\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "Associators",
+                "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"));
 }
 
 TEST(Associators, an_empty_object_name_sends_no_object) {
@@ -63,27 +53,17 @@ TEST(Associators, an_empty_object_name_sends_no_object) {
   CIMC_XML_Associators(object_manager.handle(), object.get(), nullptr, nullptr, "", nullptr, 2, 0,
                        nullptr, nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"Associators\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"Role\"><VALUE></VALUE></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "Associators",
+                "<IPARAMVALUE NAME=\"Role\"><VALUE></VALUE></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>FALSE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(Associators, a_null_object_name_sends_no_object) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_Associators(object_manager.handle(), nullptr, nullptr, nullptr, nullptr, nullptr, 2, 2,
                        nullptr, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"Associators\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(object_manager.request(), operation_request("Associators", ""));
 }
 
 TEST(Associators, returns_instances_with_their_paths) {
@@ -145,17 +125,13 @@ TEST(AssociatorNames, sends_every_parameter_in_its_order) {
   CIMC_XML_AssociatorNames(object_manager.handle(), object.get(), association.get(), result.get(),
                            "Cooler", "Cooled", nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"AssociatorNames\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"AssocClass\"><CLASSNAME NAME=\"CIM_Cooling\"/></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"ResultClass\"><CLASSNAME NAME=\"CIM_Case\"/></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"Role\"><VALUE>Cooler</VALUE></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"ResultRole\"><VALUE>Cooled</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "AssociatorNames",
+                "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"AssocClass\"><CLASSNAME NAME=\"CIM_Cooling\"/></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"ResultClass\"><CLASSNAME NAME=\"CIM_Case\"/></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"Role\"><VALUE>Cooler</VALUE></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"ResultRole\"><VALUE>Cooled</VALUE></IPARAMVALUE>"));
 }
 
 TEST(AssociatorNames, leaves_out_what_is_not_given) {
@@ -165,17 +141,13 @@ TEST(AssociatorNames, leaves_out_what_is_not_given) {
                            "Cooled", nullptr);
   EXPECT_EQ(
       object_manager.request(),
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-      "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-      "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-      "<IMETHODCALL NAME=\"AssociatorNames\">"
-      "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-      "<IPARAMVALUE NAME=\"ObjectName\">"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"ResultRole\"><VALUE>Cooled</VALUE></IPARAMVALUE>"
-      "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+      operation_request(
+          "AssociatorNames",
+          "<IPARAMVALUE NAME=\"ObjectName\">"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"ResultRole\"><VALUE>Cooled</VALUE></IPARAMVALUE>"));
 }
 
 TEST(AssociatorNames, returns_one_path_per_object) {
@@ -206,20 +178,16 @@ TEST(References, sends_the_role_last) {
                       nullptr);
   EXPECT_EQ(
       object_manager.request(),
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-      "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-      "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-      "<IMETHODCALL NAME=\"References\">"
-      "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-      "<IPARAMVALUE NAME=\"ObjectName\">"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"ResultClass\"><CLASSNAME NAME=\"CIM_Cooling\"/></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"Role\"><VALUE>r</VALUE></IPARAMVALUE>"
-      "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+      operation_request(
+          "References",
+          "<IPARAMVALUE NAME=\"ObjectName\">"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"ResultClass\"><CLASSNAME NAME=\"CIM_Cooling\"/></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"Role\"><VALUE>r</VALUE></IPARAMVALUE>"));
 }
 
 TEST(References, leaves_out_what_is_not_given) {
@@ -228,14 +196,10 @@ TEST(References, leaves_out_what_is_not_given) {
   CIMC_XML_References(object_manager.handle(), object.get(), nullptr, nullptr, 0, 2, nullptr,
                       nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"References\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "References",
+                "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>FALSE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(References, returns_instances_with_their_paths) {
@@ -265,18 +229,14 @@ TEST(ReferenceNames, sends_every_parameter_in_its_order) {
   CIMC_XML_ReferenceNames(object_manager.handle(), object.get(), result.get(), "Cooler", nullptr);
   EXPECT_EQ(
       object_manager.request(),
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-      "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-      "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-      "<IMETHODCALL NAME=\"ReferenceNames\">"
-      "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-      "<IPARAMVALUE NAME=\"ObjectName\">"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"ResultClass\"><CLASSNAME NAME=\"CIM_Cooling\"/></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"Role\"><VALUE>Cooler</VALUE></IPARAMVALUE>"
-      "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+      operation_request(
+          "ReferenceNames",
+          "<IPARAMVALUE NAME=\"ObjectName\">"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"ResultClass\"><CLASSNAME NAME=\"CIM_Cooling\"/></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"Role\"><VALUE>Cooler</VALUE></IPARAMVALUE>"));
 }
 
 TEST(ReferenceNames, a_class_is_sent_as_class_name) {
@@ -284,13 +244,9 @@ TEST(ReferenceNames, a_class_is_sent_as_class_name) {
   const auto object = object_name("CIM_Fan", nullptr);
   CIMC_XML_ReferenceNames(object_manager.handle(), object.get(), nullptr, nullptr, nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"ReferenceNames\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "ReferenceNames",
+                "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"));
 }
 
 TEST(ReferenceNames, wraps_the_list_of_names_in_one_object_path) {
@@ -335,27 +291,19 @@ TEST(ExecQuery, sends_the_language_before_the_query) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_ExecQuery(object_manager.handle(), "WQL", "SELECT * FROM CIM_Fan", nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"ExecQuery\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"QueryLanguage\"><VALUE>WQL</VALUE></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"Query\"><VALUE>SELECT * FROM CIM_Fan</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "ExecQuery",
+                "<IPARAMVALUE NAME=\"QueryLanguage\"><VALUE>WQL</VALUE></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"Query\"><VALUE>SELECT * FROM CIM_Fan</VALUE></IPARAMVALUE>"));
 }
 
 TEST(ExecQuery, leaves_out_what_is_not_given) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_ExecQuery(object_manager.handle(), nullptr, "SELECT * FROM CIM_Fan", nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"ExecQuery\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"Query\"><VALUE>SELECT * FROM CIM_Fan</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "ExecQuery",
+                "<IPARAMVALUE NAME=\"Query\"><VALUE>SELECT * FROM CIM_Fan</VALUE></IPARAMVALUE>"));
 }
 
 TEST(ExecQuery, returns_instances_with_their_paths) {

@@ -8,8 +8,6 @@
 namespace operations_test {
 namespace {
 
-const std::string no_answer = "HTTP/1.1 501 Not Implemented\r\n\r\n";
-
 // ---- GetClass ----
 
 TEST(GetClass, sends_the_whole_message) {
@@ -42,13 +40,9 @@ TEST(GetClass, leaves_out_what_is_not_given) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_GetClass(object_manager.handle(), nullptr, 2, 7, 1, nullptr, nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"GetClass\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "GetClass",
+                "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>TRUE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(GetClass, does_not_send_a_property_list) {
@@ -56,13 +50,7 @@ TEST(GetClass, does_not_send_a_property_list) {
   char speed[] = "Speed";
   char* properties[] = {speed, nullptr};
   CIMC_XML_GetClass(object_manager.handle(), nullptr, 2, 2, 4294967295u, properties, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"GetClass\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(object_manager.request(), operation_request("GetClass", ""));
 }
 
 TEST(GetClass, sends_a_namespace_without_name_when_the_handle_has_none) {
@@ -124,31 +112,23 @@ TEST(EnumerateClasses, sends_deep_inheritance_before_local_only) {
   const auto name = class_name("CIM_Fan");
   CIMC_XML_EnumerateClasses(object_manager.handle(), name.get(), 1, 0, 1, 0, nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"EnumerateClasses\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"DeepInheritance\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "EnumerateClasses",
+                "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"DeepInheritance\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>FALSE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(EnumerateClasses, leaves_out_what_is_not_given) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_EnumerateClasses(object_manager.handle(), nullptr, 2, 1, 3, 0, nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"EnumerateClasses\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "EnumerateClasses",
+                "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>FALSE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(EnumerateClasses, returns_the_classes_in_their_order) {
@@ -173,26 +153,16 @@ TEST(EnumerateClassNames, sends_class_name_and_deep_inheritance) {
   const auto name = class_name("CIM_Fan");
   CIMC_XML_EnumerateClassNames(object_manager.handle(), name.get(), 0, nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"EnumerateClassNames\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"DeepInheritance\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "EnumerateClassNames",
+                "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"DeepInheritance\"><VALUE>FALSE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(EnumerateClassNames, sends_no_parameter_when_none_is_given) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_EnumerateClassNames(object_manager.handle(), nullptr, 2, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"EnumerateClassNames\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(object_manager.request(), operation_request("EnumerateClassNames", ""));
 }
 
 TEST(EnumerateClassNames, returns_the_names_in_their_order) {

@@ -1,7 +1,7 @@
 // The operations that make, change and delete instances over CIM-XML.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <memory>
 
 #include "operations/object_manager.h"
 #include "operations/records.h"
@@ -12,37 +12,25 @@ namespace {
 
 using support::written;
 
-const std::string no_answer = "HTTP/1.1 501 Not Implemented\r\n\r\n";
-
 // ---- CreateInstance ----
 
 TEST(CreateInstance, sends_the_instance) {
   ObjectManager object_manager(no_answer);
   const auto record = instance("CIM_Fan", "100");
   CIMC_XML_CreateInstance(object_manager.handle(), record.get(), nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"CreateInstance\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"NewInstance\">"
-            "<INSTANCE CLASSNAME=\"CIM_Fan\">"
-            "<PROPERTY NAME=\"Speed\" TYPE=\"uint32\"><VALUE>100</VALUE></PROPERTY>"
-            "</INSTANCE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(
+      object_manager.request(),
+      operation_request("CreateInstance",
+                        "<IPARAMVALUE NAME=\"NewInstance\">"
+                        "<INSTANCE CLASSNAME=\"CIM_Fan\">"
+                        "<PROPERTY NAME=\"Speed\" TYPE=\"uint32\"><VALUE>100</VALUE></PROPERTY>"
+                        "</INSTANCE></IPARAMVALUE>"));
 }
 
 TEST(CreateInstance, sends_no_parameter_without_an_instance) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_CreateInstance(object_manager.handle(), nullptr, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"CreateInstance\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(object_manager.request(), operation_request("CreateInstance", ""));
 }
 
 TEST(CreateInstance, returns_the_name_and_leaves_the_instance_as_it_is) {
@@ -76,20 +64,16 @@ TEST(CreateInstance, an_embedded_instance_loses_its_properties) {
   value->isCData = 1;
   const std::unique_ptr<Property, Releases<Free_Property>> kept(value->instance->properties);
   CIMC_XML_CreateInstance(object_manager.handle(), record.get(), nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"CreateInstance\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"NewInstance\">"
-            "<INSTANCE CLASSNAME=\"CIM_Fan\">"
-            "<PROPERTY NAME=\"Speed\" TYPE=\"uint32\"><VALUE><![CDATA[\n"
-            "<INSTANCE CLASSNAME=\"CIM_Blade\">"
-            "<PROPERTY NAME=\"Speed\" TYPE= \"uint32\"><VALUE>7</VALUE></PROPERTY>"
-            "</INSTANCE>]]></VALUE></PROPERTY>"
-            "</INSTANCE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(
+      object_manager.request(),
+      operation_request("CreateInstance",
+                        "<IPARAMVALUE NAME=\"NewInstance\">"
+                        "<INSTANCE CLASSNAME=\"CIM_Fan\">"
+                        "<PROPERTY NAME=\"Speed\" TYPE=\"uint32\"><VALUE><![CDATA[\n"
+                        "<INSTANCE CLASSNAME=\"CIM_Blade\">"
+                        "<PROPERTY NAME=\"Speed\" TYPE= \"uint32\"><VALUE>7</VALUE></PROPERTY>"
+                        "</INSTANCE>]]></VALUE></PROPERTY>"
+                        "</INSTANCE></IPARAMVALUE>"));
   EXPECT_EQ(value->instance->properties, nullptr);
   EXPECT_STREQ(value->instance->className->name, "CIM_Blade");
 }
@@ -102,22 +86,18 @@ TEST(ModifyInstance, sends_include_qualifiers_before_the_instance) {
   CIMC_XML_ModifyInstance(object_manager.handle(), record.get(), 0, nullptr, nullptr);
   EXPECT_EQ(
       object_manager.request(),
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-      "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-      "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-      "<IMETHODCALL NAME=\"ModifyInstance\">"
-      "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-      "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"ModifiedInstance\">"
-      "<VALUE.NAMEDINSTANCE>"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME>"
-      "<INSTANCE CLASSNAME=\"CIM_Fan\">"
-      "<PROPERTY NAME=\"Speed\" TYPE=\"uint32\"><VALUE>100</VALUE></PROPERTY>"
-      "</INSTANCE>"
-      "</VALUE.NAMEDINSTANCE></IPARAMVALUE>"
-      "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+      operation_request(
+          "ModifyInstance",
+          "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"ModifiedInstance\">"
+          "<VALUE.NAMEDINSTANCE>"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME>"
+          "<INSTANCE CLASSNAME=\"CIM_Fan\">"
+          "<PROPERTY NAME=\"Speed\" TYPE=\"uint32\"><VALUE>100</VALUE></PROPERTY>"
+          "</INSTANCE>"
+          "</VALUE.NAMEDINSTANCE></IPARAMVALUE>"));
 }
 
 TEST(ModifyInstance, leaves_out_what_is_not_given) {
@@ -125,13 +105,7 @@ TEST(ModifyInstance, leaves_out_what_is_not_given) {
   char speed[] = "Speed";
   char* properties[] = {speed, nullptr};
   CIMC_XML_ModifyInstance(object_manager.handle(), nullptr, 2, properties, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"ModifyInstance\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(object_manager.request(), operation_request("ModifyInstance", ""));
 }
 
 TEST(ModifyInstance, leaves_the_instance_as_it_is) {
@@ -162,32 +136,22 @@ TEST(DeleteInstance, sends_every_name_of_a_list) {
   CIMC_XML_DeleteInstance(object_manager.handle(), name.get(), nullptr);
   EXPECT_EQ(
       object_manager.request(),
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-      "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-      "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-      "<IMETHODCALL NAME=\"DeleteInstance\">"
-      "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-      "<IPARAMVALUE NAME=\"InstanceName\">"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME>"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">right</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME></IPARAMVALUE>"
-      "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+      operation_request(
+          "DeleteInstance",
+          "<IPARAMVALUE NAME=\"InstanceName\">"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME>"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">right</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME></IPARAMVALUE>"));
   EXPECT_EQ(name->next, rest);
 }
 
 TEST(DeleteInstance, sends_no_parameter_without_a_name) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_DeleteInstance(object_manager.handle(), nullptr, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"DeleteInstance\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(object_manager.request(), operation_request("DeleteInstance", ""));
 }
 
 TEST(DeleteInstance, success_is_0_and_an_empty_error_slot) {

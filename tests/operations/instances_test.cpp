@@ -1,7 +1,7 @@
 // The operations that read instances over CIM-XML.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <string>
 
 #include "operations/object_manager.h"
 #include "operations/records.h"
@@ -11,8 +11,6 @@ namespace operations_test {
 namespace {
 
 using support::written;
-
-const std::string no_answer = "HTTP/1.1 501 Not Implemented\r\n\r\n";
 
 // ---- EnumerateInstances ----
 
@@ -43,14 +41,10 @@ TEST(EnumerateInstances, leaves_out_what_is_not_given) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_EnumerateInstances(object_manager.handle(), nullptr, 2, 0, 1, 2, nullptr, nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"EnumerateInstances\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"DeepInheritance\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-            "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "EnumerateInstances",
+                "<IPARAMVALUE NAME=\"DeepInheritance\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
+                "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>TRUE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(EnumerateInstances, does_not_send_a_property_list) {
@@ -58,13 +52,7 @@ TEST(EnumerateInstances, does_not_send_a_property_list) {
   char speed[] = "Speed";
   char* properties[] = {speed, nullptr};
   CIMC_XML_EnumerateInstances(object_manager.handle(), nullptr, 2, 2, 2, 2, properties, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"EnumerateInstances\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(object_manager.request(), operation_request("EnumerateInstances", ""));
 }
 
 TEST(EnumerateInstances, returns_instances_with_their_names) {
@@ -129,25 +117,15 @@ TEST(EnumerateInstanceNames, sends_the_class_name) {
   const auto name = class_name("CIM_Fan");
   CIMC_XML_EnumerateInstanceNames(object_manager.handle(), name.get(), nullptr);
   EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"EnumerateInstanceNames\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+            operation_request(
+                "EnumerateInstanceNames",
+                "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"CIM_Fan\"/></IPARAMVALUE>"));
 }
 
 TEST(EnumerateInstanceNames, sends_no_parameter_without_a_class_name) {
   ObjectManager object_manager(no_answer);
   CIMC_XML_EnumerateInstanceNames(object_manager.handle(), nullptr, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"EnumerateInstanceNames\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(object_manager.request(), operation_request("EnumerateInstanceNames", ""));
 }
 
 TEST(EnumerateInstanceNames, returns_the_names_in_their_order) {
@@ -180,19 +158,15 @@ TEST(GetInstance, sends_the_instance_name_first) {
   CIMC_XML_GetInstance(object_manager.handle(), name.get(), 1, 0, 1, nullptr, nullptr);
   EXPECT_EQ(
       object_manager.request(),
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-      "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-      "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-      "<IMETHODCALL NAME=\"GetInstance\">"
-      "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-      "<IPARAMVALUE NAME=\"InstanceName\">"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-      "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
-      "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+      operation_request(
+          "GetInstance",
+          "<IPARAMVALUE NAME=\"InstanceName\">"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>TRUE</VALUE></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"IncludeQualifiers\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
+          "<IPARAMVALUE NAME=\"IncludeClassOrigin\"><VALUE>TRUE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(GetInstance, leaves_out_what_is_not_given) {
@@ -200,14 +174,10 @@ TEST(GetInstance, leaves_out_what_is_not_given) {
   char speed[] = "Speed";
   char* properties[] = {speed, nullptr};
   CIMC_XML_GetInstance(object_manager.handle(), nullptr, 0, 2, 2, properties, nullptr);
-  EXPECT_EQ(object_manager.request(),
-            "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-            "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-            "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-            "<IMETHODCALL NAME=\"GetInstance\">"
-            "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-            "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>FALSE</VALUE></IPARAMVALUE>"
-            "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+  EXPECT_EQ(
+      object_manager.request(),
+      operation_request("GetInstance",
+                        "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>FALSE</VALUE></IPARAMVALUE>"));
 }
 
 TEST(GetInstance, returns_the_instance) {
@@ -252,16 +222,12 @@ TEST_F(GetInstanceOfAList, sends_the_first_alone) {
   get_from(object_manager.handle());
   EXPECT_EQ(
       object_manager.request(),
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
-      "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
-      "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
-      "<IMETHODCALL NAME=\"GetInstance\">"
-      "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>"
-      "<IPARAMVALUE NAME=\"InstanceName\">"
-      "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
-      "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
-      "</INSTANCENAME></IPARAMVALUE>"
-      "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>");
+      operation_request(
+          "GetInstance",
+          "<IPARAMVALUE NAME=\"InstanceName\">"
+          "<INSTANCENAME CLASSNAME=\"CIM_Fan\">"
+          "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE = \"string\">left</KEYVALUE></KEYBINDING>"
+          "</INSTANCENAME></IPARAMVALUE>"));
 }
 
 TEST_F(GetInstanceOfAList, the_list_is_whole_again_after_an_instance) {

@@ -10,8 +10,6 @@ namespace {
 
 using support::written;
 
-const std::string no_answer = "HTTP/1.1 501 Not Implemented\r\n\r\n";
-
 // ---- Requests ----
 
 TEST(InvokeMethod, sends_a_method_call_with_local_instance_path) {

@@ -29,6 +29,17 @@ std::string method_answer(const std::string& name, const std::string& content) {
   return in_envelope("<METHODRESPONSE NAME=\"" + name + "\">\n" + content + "</METHODRESPONSE>\n");
 }
 
+std::string operation_request(const std::string& name, const std::string& parameters) {
+  return "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
+         "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
+         "<MESSAGE ID=\"1234\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>"
+         "<IMETHODCALL NAME=\"" +
+         name +
+         "\">"
+         "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root/cimv2\"/></LOCALNAMESPACEPATH>" +
+         parameters + "</IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>";
+}
+
 std::string http_answer(const std::string& document) {
   return "HTTP/1.1 200 OK\r\n"
          "Content-Type: application/xml; charset=\"utf-8\"\r\n"

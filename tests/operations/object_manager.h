@@ -20,7 +20,15 @@ std::string operation_answer(const std::string& name, const std::string& content
 // What a method answers; `content` is what stands in METHODRESPONSE.
 std::string method_answer(const std::string& name, const std::string& content);
 
+// ---- What an operation sends ----
+
+// The document of an operation on "root/cimv2"; `parameters` is what stands behind its namespace.
+std::string operation_request(const std::string& name, const std::string& parameters);
+
 // ---- HTTP ----
+
+// The answer that holds no document, for tests of what is sent.
+inline const std::string no_answer = "HTTP/1.1 501 Not Implemented\r\n\r\n";
 
 // The answer that holds `document`.
 std::string http_answer(const std::string& document);
