@@ -141,13 +141,18 @@ TEST_F(LocalArguments, each_type_goes_out_under_its_code) {
       {"uint8", "no number", "P 128 uint8 0"},
       {"boolean", "TRUE", "P 2 boolean true"},
       {"boolean", "FALSE", "P 2 boolean false"},
-      {"boolean", "perhaps", "P 2 boolean false"},
       {"datetime", "20240101000000.000000+000", "P 6144 datetime 20240101000000.000000+000"}};
   for (const auto& [type, text, argument] : cases) {
     EXPECT_EQ(CIMC_CreatePropertyArguments(parameter(type, text).get(), args_, env_), 0);
     EXPECT_EQ(added().back(), argument);
   }
   EXPECT_EQ(added().size(), std::size(cases));
+}
+
+// The slot of the value is zero then, whatever was on the stack.
+TEST_F(LocalArguments, a_boolean_with_another_text_is_false) {
+  EXPECT_EQ(CIMC_CreatePropertyArguments(parameter("boolean", "perhaps").get(), args_, env_), 0);
+  EXPECT_EQ(added(), Texts{"P 2 boolean false"});
 }
 
 // Where the environment of a test notes the strings that it has made.

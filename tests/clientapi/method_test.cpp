@@ -61,8 +61,10 @@ TEST(LocalMethod, a_string_returns_0_and_is_not_followed) {
   ScriptedBroker broker;
   CIMCValue value{};
   value.chars = reinterpret_cast<char*>(0x10);  // nothing that could be read
-  broker.script.returned = {code::chars, 0, value};
-  EXPECT_EQ(invoke(), 0);
+  for (const int text : {int{code::chars}, 5632, 5634, 5884, 5888, 7680}) {
+    broker.script.returned = {static_cast<sandbox_local::CIMCType>(text), 0, value};
+    EXPECT_EQ(invoke(), 0) << text;
+  }
 }
 
 TEST(LocalMethod, an_error_with_a_text_returns_the_status_code) {
